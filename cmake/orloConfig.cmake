@@ -1,0 +1,6 @@
+# The installed package: find_package(orlo) gives orlo::utils and orlo::geo.
+include(CMakeFindDependencyMacro)
+if(NOT WIN32)
+  find_dependency(Threads)
+endif()
+include(${CMAKE_CURRENT_LIST_DIR}/orloTargets.cmake)
