@@ -1,0 +1,138 @@
+// All that this project asks of the operating system and of the runtime library's process
+// state. One implementation stands behind it for each system, and one in memory for tests;
+// the linker picks. Paths are Windows path text on every system.
+#pragma once
+
+#include "orlostring.h"
+
+#include <cstddef>
+#include <cstdint>
+#include <ctime>
+
+namespace orlo::platform {
+
+// --- Entries -------------------------------------------------------------------------------
+
+// Mode 0 existence, 2 write, 4 read.
+bool access(const string& path, int mode);
+
+struct status {
+    std::uint32_t mode = 0; // bit 16384: a directory
+    std::int64_t size = 0;  // bytes
+    std::int64_t modificationTime = 0; // seconds since 1970
+};
+bool queryStatus(const string& path, status& out);
+
+// Makes an empty file with permission 128 (write), 256 (read) or both, and closes it.
+bool createFile(const string& path, std::uint32_t permission);
+// Deletes a file; refuses a directory.
+bool removeFile(const string& path);
+bool renameEntry(const string& from, const string& to);
+bool copyFile(const string& source, const string& target, bool failIfExists);
+
+inline constexpr unsigned remoteDrive = 4;
+// Kind of the drive with this root, such as "C:\".
+unsigned driveType(const string& root);
+
+// --- Searches ------------------------------------------------------------------------------
+
+struct searchHit {
+    string name;
+    std::uint32_t attributes = 0; // 1 read-only, 2 hidden, 4 system, 16 subdirectory, 32 archive
+};
+using searchHandle = std::intptr_t;
+inline constexpr searchHandle noSearch = -1;
+
+// Starts a search for a directory's path and a pattern with "*" and "?", and gives the first
+// hit; noSearch if there is none. Attributes outside `wanted` may be left clear.
+searchHandle findFirst(const string& pattern, std::uint32_t wanted, searchHit& hit);
+bool findNext(searchHandle search, searchHit& hit);
+void findClose(searchHandle search);
+
+// --- Contents ------------------------------------------------------------------------------
+
+enum class openMode { read, write }; // write empties the file
+using fileHandle = std::intptr_t;
+inline constexpr fileHandle noFile = -1;
+
+fileHandle openFile(const string& path, openMode mode);
+// The number of bytes that were delivered or taken; fewer than asked at the end or on failure.
+std::size_t readFile(fileHandle file, void* bytes, std::size_t count);
+std::size_t writeFile(fileHandle file, const void* bytes, std::size_t count);
+bool flushFile(fileHandle file);
+void closeFile(fileHandle file);
+
+// --- Text ----------------------------------------------------------------------------------
+
+enum class encoding {
+    utf8,     // bad sequences become U+FFFD
+    ansi,     // the system's single-byte character set
+    unmarked, // what a language file without a mark is written in
+};
+// Units for bytes; `units` has room for one unit a byte. 0 means failure.
+std::size_t decode(encoding from, const void* bytes, std::size_t length, char16_t* units);
+// UTF-8 for units; `bytes` has room for three bytes a unit. Halves of a surrogate pair become
+// EF BF BD. 0 means failure.
+std::size_t encodeUtf8(const char16_t* units, std::size_t length, char* bytes);
+
+// --- Process -------------------------------------------------------------------------------
+
+// The directory from which relative paths count; false if it takes more than 259 units.
+bool currentDirectory(string& path);
+// 1 is A.
+int currentDrive();
+// Empties `value` first; false if the variable is not set.
+bool environmentVariable(const char16_t* name, string& value);
+
+// The handle of a loaded module, by name; the empty name is the executable. Null if not loaded.
+void* findModule(const string& name);
+// The module's file, cut at `capacity` units; the number of units, 0 on failure.
+std::size_t modulePath(void* module, char16_t* units, std::size_t capacity);
+
+std::uint32_t processId();
+// Ends the process as an uncaught exception does: abnormally, and with nothing printed.
+[[noreturn]] void endAbnormally();
+
+// --- Windows and boxes ---------------------------------------------------------------------
+
+using window = void*;
+// Calls `visit` for each top-level window until it gives false.
+bool enumerateWindows(bool (*visit)(window found, void* context), void* context);
+std::uint32_t windowProcess(window of); // 0 if unknown
+window parentWindow(window of);
+window lastActivePopup(window of);
+
+inline constexpr std::uint32_t taskModal = 0x2000;
+// Blocks until somebody has answered.
+void showMessageBox(window owner, const char16_t* text, const char16_t* title, std::uint32_t style);
+
+// --- Mutexes -------------------------------------------------------------------------------
+
+// Recursive; null if the system gives none.
+void* createMutex();
+bool lockMutex(void* mutex);
+void unlockMutex(void* mutex);
+void destroyMutex(void* mutex);
+
+// --- Time and locale -----------------------------------------------------------------------
+
+// Seconds since 1970.
+std::int64_t now();
+// Universal broken-down time to seconds; fields out of range are normalised. -1 if it can't.
+std::int64_t secondsOf(std::tm& universal);
+// Seconds to local broken-down time.
+bool localTime(std::int64_t seconds, std::tm& local);
+// The name of the current LC_TIME locale; false if it can't be told.
+bool queryTimeLocale(string& name);
+// Sets LC_TIME alone; the empty name is the user's own locale.
+bool setTimeLocale(const string& name);
+// strftime under the current LC_TIME locale: bytes written without the terminator, 0 if it
+// does not fit.
+std::size_t formatTime(char* buffer, std::size_t size, const char* format, const std::tm& time);
+
+// The decimal separator of the user's own number format, and of the system's default; false
+// if it can't be told.
+bool userDecimalSeparator(string& separator);
+bool systemDecimalSeparator(string& separator);
+
+} // namespace orlo::platform

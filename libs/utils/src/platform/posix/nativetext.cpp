@@ -1,0 +1,111 @@
+#include "platform/posix/nativetext.h"
+
+#include "orlounit.h"
+#include "platform/utf8codec.h"
+
+namespace orlo::platform {
+
+namespace {
+
+// A lone unit U+DCxx stands for the byte xx.
+constexpr char16_t escapeBase = 0xDC00;
+constexpr char16_t escapedBackslash = escapeBase + u'\\';
+
+constexpr bool isEscape(char16_t unit)
+{
+    return unit == escapedBackslash || (unit >= 0xDC80 && unit <= 0xDCFF);
+}
+
+bool isEscapeAt(std::u16string_view text, std::size_t index)
+{
+    return isEscape(text[index]) && (index == 0 || !isHighSurrogate(text[index - 1]));
+}
+
+void appendUtf8(std::string& bytes, std::u16string_view text)
+{
+    const std::size_t before = bytes.size();
+    bytes.resize(before + 3 * text.size());
+    bytes.resize(before + encodeUtf8Units(text.data(), text.size(), bytes.data() + before));
+}
+
+char16_t* writeEscaped(const unsigned char* bytes, std::size_t count, char16_t* to)
+{
+    for (std::size_t i = 0; i < count; ++i) *to++ = static_cast<char16_t>(escapeBase + bytes[i]);
+    return to;
+}
+
+// Every byte gives at most one unit.
+void appendUnits(string& text, std::string_view source)
+{
+    const std::size_t before = text.size();
+    text.resize(before + source.size());
+    char16_t* to = text.data() + before;
+    const auto* bytes = reinterpret_cast<const unsigned char*>(source.data());
+    for (const unsigned char* const end = bytes + source.size(); bytes != end;) {
+        const utf8Sequence next = readUtf8Sequence(bytes, static_cast<std::size_t>(end - bytes));
+        to = next.codePoint == utf8Sequence::badSequence ? writeEscaped(bytes, next.length, to)
+                                                         : writeCodePoint(next.codePoint, to);
+        bytes += next.length;
+    }
+    text.resize(static_cast<std::size_t>(to - text.data()));
+}
+
+constexpr bool isSeparator(char16_t unit)
+{
+    return unit == u'\\' || unit == u'/';
+}
+
+} // namespace
+
+std::string nativeText(std::u16string_view text)
+{
+    std::string bytes;
+    std::size_t start = 0;
+    for (std::size_t i = 0; i < text.size(); ++i) {
+        if (!isEscapeAt(text, i)) continue;
+        appendUtf8(bytes, text.substr(start, i - start));
+        bytes.push_back(static_cast<char>(text[i] - escapeBase));
+        start = i + 1;
+    }
+    appendUtf8(bytes, text.substr(start));
+    return bytes;
+}
+
+std::string nativePath(const string& path)
+{
+    string text(path.c_str());
+    if (text.size() >= 2 && text[1] == u':') {
+        if (lowerUnit(text[0]) != u'c') return {};
+        text.erase(0, 2);
+        // The drive alone is the current directory on it.
+        if (text.empty()) return ".";
+    } else if (text.size() >= 2 && isSeparator(text[0]) && isSeparator(text[1])) {
+        return {};
+    }
+    return nativeText(text.replaceChar(u'\\', u'/'));
+}
+
+string textOf(std::string_view bytes)
+{
+    string text;
+    appendUnits(text, bytes);
+    return text;
+}
+
+void nameOf(std::string_view bytes, string& name)
+{
+    name.clear();
+    appendUnits(name, bytes);
+    name.replaceChar(u'\\', escapedBackslash);
+}
+
+string pathTextOf(std::string_view bytes)
+{
+    string text;
+    nameOf(bytes, text);
+    text.replaceChar(u'/', u'\\');
+    text.insert(0, u"C:");
+    return text;
+}
+
+} // namespace orlo::platform

@@ -1,0 +1,56 @@
+#include "platform/platform.h"
+#include "platform/windows/system.h"
+#include "platform/windows/wide.h"
+
+#include <fcntl.h>
+#include <io.h>
+#include <sys/stat.h>
+#include <wchar.h>
+
+namespace orlo::platform {
+
+bool access(const string& path, int mode)
+{
+    return ::_waccess(wide(path), mode) == 0;
+}
+
+bool queryStatus(const string& path, status& out)
+{
+    // The record with a 64-bit size answers for files beyond 2 GB too.
+    struct _stat64 found;
+    if (::_wstat64(wide(path), &found) != 0) return false;
+    out.mode = found.st_mode;
+    out.size = found.st_size;
+    out.modificationTime = found.st_mtime;
+    return true;
+}
+
+bool createFile(const string& path, std::uint32_t permission)
+{
+    // Never over a file that came into being a moment ago.
+    const int flags = _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
+    const int made = ::_wopen(wide(path), flags, static_cast<int>(permission));
+    return made >= 0 && ::_close(made) == 0;
+}
+
+bool removeFile(const string& path)
+{
+    return ::_wremove(wide(path)) == 0;
+}
+
+bool renameEntry(const string& from, const string& to)
+{
+    return ::_wrename(wide(from), wide(to)) == 0;
+}
+
+bool copyFile(const string& source, const string& target, bool failIfExists)
+{
+    return ::CopyFileW(wide(source), wide(target), failIfExists ? TRUE : FALSE) != FALSE;
+}
+
+unsigned driveType(const string& root)
+{
+    return ::GetDriveTypeW(wide(root));
+}
+
+} // namespace orlo::platform
