@@ -1,0 +1,23 @@
+#include "orlogenericvalue.h"
+
+namespace orlo {
+
+genericValue::holderbase::~holderbase() = default;
+
+bool genericValue::holderbase::convertInto(holderbase& to, const holderbase& from)
+{
+    void* target = to.valuePointer();
+    const void* source = from.constValuePointer();
+    return target != nullptr && source != nullptr
+        && typeconvert::typeConverterRegistry::instance().convert(to.typeInfo(), target, from.typeInfo(), source, 0, {});
+}
+
+genericValue::genericValue(const genericValue& other) : m_holder(other.m_holder ? other.m_holder->clone() : nullptr) {}
+
+genericValue& genericValue::operator=(const genericValue& other)
+{
+    if (this != &other) *this = genericValue(other);
+    return *this;
+}
+
+} // namespace orlo
