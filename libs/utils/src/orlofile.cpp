@@ -1,0 +1,176 @@
+#include "orlofile.h"
+
+#include "orlodirectory.h"
+#include "orlopath.h"
+#include "platform/platform.h"
+
+#include <utility>
+
+namespace orlo {
+
+file::file(const string& path) : fsEntry(path, string::emptyString(), false) {}
+
+file::file(const string& basePath, const string& name) : fsEntry(joining::always, basePath, name, false) {}
+
+file::file(const fsEntry& base, const string& name) : file(base.path(), name) {}
+
+bool file::exists() const
+{
+    // A status tells existence too.
+    fileStatus status;
+    return stat(status) && (status.mode & fileStatus::directoryBit) == 0;
+}
+
+bool file::hasAccess(int mode) const
+{
+    return !m_path.empty() && platform::access(m_path, mode);
+}
+
+bool file::isReadable() const
+{
+    return hasAccess(4);
+}
+
+bool file::isWritable() const
+{
+    if (hasAccess(2) && exists()) return true;
+    return create(2) && remove();
+}
+
+bool file::copyTo(const file& target, bool overwriteTarget) const
+{
+    return !m_path.empty() && !target.m_path.empty() && platform::copyFile(m_path, target.m_path, !overwriteTarget);
+}
+
+bool file::create(unsigned mode) const
+{
+    return !m_path.empty() && !exists() && platform::createFile(m_path, (mode & 6) * 64);
+}
+
+bool file::stat(fileStatus& status) const
+{
+    platform::status found;
+    if (m_path.empty() || !platform::queryStatus(m_path, found)) return false;
+    status = {found.mode, found.size, found.modificationTime};
+    return true;
+}
+
+std::int64_t file::modificationTime() const
+{
+    fileStatus status;
+    return stat(status) ? status.modificationTime : 0;
+}
+
+std::int32_t file::size() const
+{
+    fileStatus status;
+    return stat(status) ? static_cast<std::int32_t>(status.size) : 0;
+}
+
+bool file::remove() const
+{
+    // The system itself refuses what is missing and what is a directory.
+    return !m_path.empty() && platform::removeFile(m_path);
+}
+
+bool file::rename(const string& newName)
+{
+    if (m_path.empty()) return false;
+    const file target(combinePath(pathDirectory(m_path), newName, false));
+    if (target.exists() || !platform::renameEntry(m_path, target.m_path)) return false;
+    *this = target;
+    return true;
+}
+
+namespace detail {
+
+entrySearch::entrySearch(std::uint32_t skipAttributes, std::uint32_t neededAttributes)
+    : m_skipAttributes(skipAttributes), m_neededAttributes(neededAttributes)
+{}
+
+entrySearch::entrySearch(entrySearch&& other) noexcept
+    : m_handle(std::exchange(other.m_handle, platform::noSearch)), m_skipAttributes(other.m_skipAttributes),
+      m_neededAttributes(other.m_neededAttributes), m_name(std::move(other.m_name))
+{}
+
+entrySearch::~entrySearch()
+{
+    if (m_handle != platform::noSearch) platform::findClose(m_handle);
+}
+
+bool entrySearch::start(const string& pattern)
+{
+    platform::searchHit hit;
+    m_handle = platform::findFirst(pattern, m_skipAttributes | m_neededAttributes, hit);
+    return m_handle != platform::noSearch && accept(hit);
+}
+
+bool entrySearch::next()
+{
+    if (m_handle == platform::noSearch) return false;
+    platform::searchHit hit;
+    hit.name.swap(m_name); // the name's memory serves again
+    while (platform::findNext(m_handle, hit)) {
+        if (accept(hit)) return true;
+    }
+    return false;
+}
+
+bool entrySearch::accept(platform::searchHit& hit)
+{
+    const bool wanted = (hit.attributes & m_skipAttributes) == 0 &&
+                        (hit.attributes & m_neededAttributes) == m_neededAttributes && hit.name != u"." &&
+                        hit.name != u"..";
+    if (wanted) m_name.swap(hit.name);
+    return wanted;
+}
+
+} // namespace detail
+
+fileSearch::fileSearch(const directory& where, const string& pattern, std::uint32_t skipAttributes)
+    : m_hitPrefix(where.path()), m_search(skipAttributes | attributeSubdirectory, 0)
+{
+    // A prefix in the normal form lets each hit's path be normal as it is put together.
+    if (normalizePath(m_hitPrefix, true) != m_hitPrefix) m_hitPrefix.push_back(u'\\');
+    if (m_search.start(where.path() + pattern))
+        takeHit();
+    else
+        next();
+}
+
+void fileSearch::next()
+{
+    m_path.clear();
+    while (m_path.empty() && m_search.next()) takeHit();
+}
+
+void fileSearch::takeHit()
+{
+    m_path = normalizePath(m_hitPrefix + m_search.name(), false);
+}
+
+namespace {
+
+bool textToFile(file& to, const string& from, unsigned, const typeconvert::argumentList&)
+{
+    to = file(normalizePath(from, false));
+    return !to.path().empty();
+}
+
+bool fileToText(string& to, const file& from, unsigned, const typeconvert::argumentList&)
+{
+    to = from.path();
+    return !to.empty();
+}
+
+} // namespace
+
+typeconvert::converterList detail::fileConverters()
+{
+    static constexpr typeconvert::typeConverter<string, file> fromText{textToFile};
+    static constexpr typeconvert::typeConverter<file, string> toText{fileToText};
+    static constexpr const typeconvert::typeConverterBase* all[] = {&fromText, &toText};
+    return all;
+}
+
+} // namespace orlo
