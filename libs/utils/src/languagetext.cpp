@@ -1,0 +1,108 @@
+#include "languagetext.h"
+
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <cstring>
+
+namespace orlo {
+
+namespace {
+
+constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
+constexpr std::string_view utf16Mark = "\xFF\xFE";
+
+// All bytes of an open file; `size` is what the system told, one more shows that it is the end.
+std::string readBytes(platform::fileHandle handle, std::size_t size)
+{
+    std::string bytes;
+    std::size_t length = 0;
+    do {
+        bytes.resize(std::max(size + 1, length * 2));
+        length += platform::readFile(handle, bytes.data() + length, bytes.size() - length);
+    } while (length == bytes.size());
+    bytes.resize(length);
+    return bytes;
+}
+
+std::u16string copyUnits(std::string_view bytes)
+{
+    std::u16string units(bytes.size() / 2, u'\0');
+    const auto byteAt = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
+    for (std::size_t index = 0; index < units.size(); ++index)
+        units[index] = static_cast<char16_t>(byteAt(2 * index) | byteAt(2 * index + 1) << 8);
+    return units;
+}
+
+std::u16string decodeWith(platform::encoding from, std::string_view bytes)
+{
+    std::u16string units(bytes.size(), u'\0');
+    if (!bytes.empty()) units.resize(platform::decode(from, bytes.data(), bytes.size(), units.data()));
+    return units;
+}
+
+std::u16string decodeByMark(std::string_view bytes)
+{
+    if (bytes.starts_with(utf16Mark)) return copyUnits(bytes.substr(utf16Mark.size()));
+    if (bytes.starts_with(utf8Mark)) return decodeWith(platform::encoding::utf8, bytes.substr(utf8Mark.size()));
+    return decodeWith(platform::encoding::unmarked, bytes);
+}
+
+void joinLineEnds(std::u16string& text)
+{
+    const auto first = text.find(u'\r');
+    if (first == text.npos) return;
+    auto to = text.begin() + static_cast<std::ptrdiff_t>(first);
+    for (auto from = to; from != text.end(); ++from) {
+        const bool dropped = *from == u'\r' && from + 1 != text.end() && from[1] == u'\n';
+        if (!dropped) *to++ = *from;
+    }
+    text.erase(to, text.end());
+}
+
+} // namespace
+
+std::optional<std::u16string> readLanguageText(const file& source)
+{
+    fileStatus status;
+    if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return std::nullopt;
+    const platform::fileHandle handle = platform::openFile(source.path(), platform::openMode::read);
+    if (handle == platform::noFile) return std::nullopt;
+
+    struct closer {
+        platform::fileHandle handle;
+        ~closer() { platform::closeFile(handle); }
+    } const closing{handle};
+    std::u16string text = decodeByMark(readBytes(handle, static_cast<std::size_t>(status.size)));
+    joinLineEnds(text);
+    return text;
+}
+
+bool lineReader::next(std::u16string_view& line)
+{
+    if (m_rest.empty()) return false;
+    line = m_rest.substr(0, maxLine);
+    const auto lineFeed = line.find(u'\n');
+    if (lineFeed != line.npos) line = line.substr(0, lineFeed + 1);
+    m_rest.remove_prefix(line.size());
+    line = line.substr(0, line.find(u'\0'));
+    return true;
+}
+
+std::u16string_view trimmedLeft(std::u16string_view text, std::u16string_view set)
+{
+    text.remove_prefix(std::min(text.find_first_not_of(set), text.size()));
+    return text;
+}
+
+std::u16string_view trimmedRight(std::u16string_view text, std::u16string_view set)
+{
+    return text.substr(0, text.find_last_not_of(set) + 1);
+}
+
+std::u16string_view trimmedLineEnd(std::u16string_view line)
+{
+    return trimmedRight(trimmedRight(line, lineEnds), blanks);
+}
+
+} // namespace orlo

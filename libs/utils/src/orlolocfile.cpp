@@ -1,0 +1,306 @@
+// A language file is read whole. Three passes go over its text, each with its own idea of a
+// line: one for the include lines when the object is made, and at each load one for the
+// commands and one for the entries.
+#include "orlolocfile.h"
+
+#include "languagetext.h"
+#include "orlopath.h"
+
+#include <algorithm>
+#include <set>
+#include <type_traits>
+#include <utility>
+
+namespace orlo {
+
+// The language table's list of files grows by moving: a copy would read its includes again.
+static_assert(std::is_nothrow_move_constructible_v<locFile>);
+
+namespace {
+
+using view = std::u16string_view;
+
+constexpr view includeMark = u"#include";
+constexpr view commandMark = u";;cmd(";
+constexpr view aliasMark = u"$$";
+constexpr view commandSeparator = u":::";
+constexpr char16_t commentMark = u';';
+constexpr char16_t quote = u'"';
+
+// The name in an include line; false if the line is none.
+bool parseInclude(view line, string& name)
+{
+    line = trimmedLineEnd(trimmedLeft(line.substr(0, line.rfind(commentMark)), blanks));
+    if (line.find(includeMark) == line.npos) return false;
+    // The cut begins at the first letter that the mark has, not at the mark itself: with other
+    // words in front of it the name goes wrong. The mark belongs at the start of its line.
+    line.remove_prefix(line.find_first_of(includeMark) + includeMark.size());
+    name = string(trimmedLeft(line, blanks));
+    return true;
+}
+
+std::vector<string> includeNames(const file& source)
+{
+    std::vector<string> names;
+    const auto text = readLanguageText(source);
+    if (!text) return names;
+    lineReader lines(*text);
+    string name;
+    for (view line; lines.next(line);)
+        if (parseInclude(line, name)) names.push_back(name);
+    return names;
+}
+
+void readCommands(view text, std::vector<string>& commands)
+{
+    lineReader lines(text);
+    for (view line; lines.next(line);) {
+        const auto mark = line.find(commandMark);
+        if (mark == line.npos) continue;
+        const view command = trimmedRight(trimmedLineEnd(line), u")");
+        commands.emplace_back(command.substr(mark + commandMark.size()));
+    }
+}
+
+// The text of a value or of a continuation line, without its quotes or its comment.
+view valueText(view line)
+{
+    if (line.starts_with(quote)) {
+        line.remove_prefix(1);
+        return line.substr(0, line.rfind(quote));
+    }
+    const auto comment = line.rfind(commentMark);
+    return comment == line.npos ? line : trimmedRight(line.substr(0, comment), blanks);
+}
+
+// The entry pass. Values are put together where they stand in the text, which they never
+// outgrow: the pieces of a continued one move up to each other, and "\n" shrinks.
+class entryReader {
+public:
+    struct entry {
+        view key;
+        view value;
+    };
+
+    // The entries in the order of the text, keys more than once included. Their views end
+    // with `text`.
+    static std::vector<entry> read(std::u16string& text);
+
+private:
+    explicit entryReader(std::u16string& text) : m_text(text) {}
+    void takeLine(view line);
+    void startEntry(view line);
+    void append(view piece);
+    void finishEntry();
+
+    std::u16string& m_text;
+    std::vector<entry> m_found;
+    bool m_open = false; // an entry goes on in the next line
+    view m_key;
+    std::size_t m_valueStart = 0;
+    std::size_t m_valueEnd = 0;
+};
+
+std::vector<entryReader::entry> entryReader::read(std::u16string& text)
+{
+    std::replace(text.begin(), text.end(), u'\t', u' ');
+    entryReader reader(text);
+    lineReader lines(text);
+    for (view line; lines.next(line);) {
+        line = trimmedLineEnd(trimmedLeft(line, blanks));
+        if (!line.empty()) reader.takeLine(line);
+    }
+    return std::move(reader.m_found);
+}
+
+void entryReader::takeLine(view line)
+{
+    const bool goesOn = line.ends_with(u'\\');
+    if (goesOn) line.remove_suffix(1);
+    if (m_open)
+        append(valueText(line));
+    else
+        startEntry(line);
+    if (m_key.empty()) return;
+    m_open = goesOn;
+    if (!goesOn) finishEntry();
+}
+
+// Leaves the key empty if the line holds no entry.
+void entryReader::startEntry(view line)
+{
+    const auto blank = line.find(u' ');
+    const view key = line.substr(0, blank);
+    if (blank == line.npos || key.find(commentMark) != key.npos) return;
+    m_key = key;
+    const view value = valueText(trimmedLeft(line.substr(blank), blanks));
+    m_valueStart = static_cast<std::size_t>(value.data() - m_text.data());
+    m_valueEnd = m_valueStart + value.size();
+}
+
+void entryReader::append(view piece)
+{
+    const auto end = std::copy(piece.begin(), piece.end(), m_text.begin() + static_cast<std::ptrdiff_t>(m_valueEnd));
+    m_valueEnd = static_cast<std::size_t>(end - m_text.begin());
+}
+
+void entryReader::finishEntry()
+{
+    const auto at = [this](std::size_t index) { return m_text.begin() + static_cast<std::ptrdiff_t>(index); };
+    auto to = at(m_valueStart);
+    for (auto from = to; from != at(m_valueEnd); ++to, ++from) {
+        const bool lineFeed = *from == u'\\' && from + 1 != at(m_valueEnd) && from[1] == u'n';
+        *to = lineFeed ? u'\n' : *from;
+        if (lineFeed) ++from;
+    }
+    m_found.push_back({m_key, view(at(m_valueStart), to)});
+    m_key = {};
+}
+
+// Keys that come in their order go into the map without a search. Of equal keys the first
+// stays.
+void readEntries(std::u16string& text, std::map<string, string>& entries)
+{
+    using entry = entryReader::entry;
+    std::vector<entry> found = entryReader::read(text);
+    std::stable_sort(found.begin(), found.end(), [](const entry& a, const entry& b) { return a.key < b.key; });
+    const auto end =
+        std::unique(found.begin(), found.end(), [](const entry& a, const entry& b) { return a.key == b.key; });
+    for (auto next = found.begin(); next != end; ++next)
+        entries.emplace_hint(entries.end(), string(next->key), string(next->value));
+}
+
+} // namespace
+
+locFile::locFile(const file& source) : file(source)
+{
+    readIncludes(nullptr);
+}
+
+locFile::locFile(const locFile& other) : file(other), m_overrideFile(other.m_overrideFile)
+{
+    readIncludes(nullptr);
+}
+
+locFile& locFile::operator=(const locFile& other)
+{
+    return *this = locFile(other);
+}
+
+locFile::locFile(const file& source, const includePath* outer) : file(source)
+{
+    readIncludes(outer);
+}
+
+locFile::locFile(const file& source, includes) : file(source) {}
+
+bool locFile::lookup(const char16_t* key, stringTemplate& text)
+{
+    return search(string(trimmedLineEnd(trimmedLeft(key, blanks))), text);
+}
+
+void locFile::setOverrideFile(const file& overrideFile)
+{
+    m_overrideFile = overrideFile;
+    m_entries.clear();
+}
+
+// Each file names an included one once, whatever the files around it have named already: a
+// text of this file may point to one of the included, so it must be found from here. What
+// stops is the circle.
+void locFile::readIncludes(const includePath* outer)
+{
+    const includePath here{*this, outer};
+    const auto isOnTheWay = [&here](const file& included) {
+        const includePath* step = &here;
+        while (step && step->source.path() != included.path()) step = step->outer;
+        return step != nullptr;
+    };
+    std::set<string> seen;
+    for (const string& name : includeNames(*this)) {
+        const file included(pathDirectory(path()), name);
+        if (!included.exists() || !included.isReadable() || isOnTheWay(included)) continue;
+        if (seen.insert(included.path().lowerCopy()).second) m_includes.push_back(locFile(included, &here));
+    }
+}
+
+bool locFile::needsLoad() const
+{
+    if (m_entries.empty() || modificationTime() != m_fileTime) return true;
+    fileStatus status;
+    const bool overridden = m_overrideFile.stat(status) && !(status.mode & fileStatus::directoryBit);
+    return (overridden ? status.modificationTime : 0) != m_overrideTime;
+}
+
+bool locFile::load()
+{
+    m_fileTime = modificationTime();
+    m_entries.clear();
+    const bool loaded = loadEntries();
+    applyCommands(m_entries);
+    loadOverride();
+    return loaded;
+}
+
+// The commands of earlier loads stay, so that a file that has changed holds its commands
+// twice.
+bool locFile::loadEntries()
+{
+    try {
+        auto text = readLanguageText(*this);
+        if (!text) return false;
+        readCommands(*text, m_commands);
+        readEntries(*text, m_entries);
+        return true;
+    } catch (...) {
+        return false; // what was read so far stays
+    }
+}
+
+void locFile::loadOverride()
+{
+    m_overrideTime = 0;
+    if (!m_overrideFile.exists()) return;
+    m_overrideTime = m_overrideFile.modificationTime();
+    locFile overriding(m_overrideFile, includes::skip);
+    overriding.load();
+    for (auto& [key, value] : overriding.m_entries) m_entries.insert_or_assign(key, std::move(value));
+    overriding.applyCommands(m_entries);
+}
+
+void locFile::applyCommands(entryMap& entries) const
+{
+    std::vector<string> parts;
+    for (const string& command : m_commands) {
+        const bool replaces = command.split(commandSeparator, parts) && parts.size() >= 3 && parts[0] == u"replace";
+        if (!replaces) continue;
+        for (auto& [key, value] : entries) value.replaceAll(parts[1], parts[2]);
+    }
+}
+
+// Follows aliases within this file. A value that would close a circle is itself the text.
+bool locFile::search(string key, stringTemplate& text)
+{
+    std::set<string> walked;
+    while (true) {
+        if (needsLoad() && !load()) return false;
+        const auto entry = m_entries.find(key);
+        if (entry == m_entries.end()) return searchIncludes(key, text);
+        const string& value = entry->second;
+        const bool alias = value.starts_with(aliasMark);
+        if (alias) walked.insert(std::move(key));
+        if (!alias || walked.count(value.substr(aliasMark.size())) > 0) {
+            text.setText(value.c_str());
+            return true;
+        }
+        key = value.substr(aliasMark.size());
+    }
+}
+
+bool locFile::searchIncludes(const string& key, stringTemplate& text)
+{
+    return std::any_of(m_includes.begin(), m_includes.end(),
+                       [&](locFile& included) { return included.lookup(key.c_str(), text); });
+}
+
+} // namespace orlo
