@@ -1,0 +1,162 @@
+#include "orloxmldocument.h"
+
+#include "orloexception.h"
+#include "orloxmlencoding.h"
+#include "platform/platform.h"
+
+#include <algorithm>
+#include <memory>
+#include <new>
+#include <string_view>
+
+namespace orlo {
+
+namespace {
+
+using byteBlock = std::unique_ptr<unsigned char[]>;
+
+// A file that is closed on every way out, and flushed before if it was written.
+class openedFile {
+public:
+    openedFile(const file& which, platform::openMode mode)
+        : m_handle(platform::openFile(which.path(), mode)), m_mode(mode)
+    {}
+    openedFile(const openedFile&) = delete;
+    openedFile& operator=(const openedFile&) = delete;
+    ~openedFile()
+    {
+        if (!isOpen()) return;
+        if (m_mode == platform::openMode::write) platform::flushFile(m_handle);
+        platform::closeFile(m_handle);
+    }
+
+    [[nodiscard]] bool isOpen() const { return m_handle != platform::noFile; }
+    [[nodiscard]] platform::fileHandle handle() const { return m_handle; }
+
+private:
+    platform::fileHandle m_handle;
+    platform::openMode m_mode;
+};
+
+// The size of an existing file. Only its low 32 bits count, with their sign.
+std::int32_t existingSize(const file& source)
+{
+    fileStatus status;
+    if (!source.stat(status) || (status.mode & fileStatus::directoryBit) != 0) throw fileNotFoundException(source);
+    return static_cast<std::int32_t>(status.size);
+}
+
+// No memory holds a negative size, so there is no block for it.
+byteBlock newByteBlock(std::int32_t size)
+{
+    return byteBlock(size < 0 ? nullptr : new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
+}
+
+// A file that can't be opened is told before a lack of memory.
+byteBlock readWhole(const file& source, std::int32_t size)
+{
+    byteBlock bytes = newByteBlock(size);
+    const openedFile opened(source, platform::openMode::read);
+    if (!opened.isOpen()) throw readFileException(source, nullptr);
+    if (!bytes) throw outOfMemoryException();
+    const auto wanted = static_cast<std::size_t>(size);
+    if (platform::readFile(opened.handle(), bytes.get(), wanted) != wanted) throw readFileException(source, nullptr);
+    return bytes;
+}
+
+void writeWhole(const file& target, const byteBuffer& bytes)
+{
+    const openedFile opened(target, platform::openMode::write);
+    if (!opened.isOpen()) throw writeFileException(target, nullptr);
+    if (platform::writeFile(opened.handle(), bytes.data(), bytes.size()) != bytes.size())
+        throw writeFileException(target, nullptr);
+}
+
+// Each piece is encoded by itself, so a surrogate pair across the border of two pieces
+// becomes two lone halves, and a zero unit drops the rest of its piece.
+constexpr std::size_t pieceUnits = 256;
+constexpr std::size_t pieceBytes = 1024;
+constexpr std::size_t mostBytesOfUnit = 3;
+
+std::string_view encodePiece(std::u16string_view units, char (&bytes)[pieceBytes])
+{
+    const std::size_t length = platform::encodeUtf8(units.data(), units.size(), bytes);
+    if (length == 0) throw false;
+    const std::string_view encoded(bytes, length);
+    return encoded.substr(0, encoded.find('\0'));
+}
+
+void appendUtf8(byteBuffer& out, std::u16string_view text)
+{
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    out.reserve(out.size() + text.size() + text.size() / 2);
+    for (const char& each : mark) out.append(&each, 1);
+
+    char bytes[pieceBytes];
+    for (; !text.empty(); text.remove_prefix(std::min(text.size(), pieceUnits))) {
+        const std::string_view piece = encodePiece(text.substr(0, pieceUnits), bytes);
+        // Where the first guess was too low, the buffer must not grow at each piece.
+        if (out.capacity() - out.size() < piece.size()) out.reserve(out.size() + text.size() * mostBytesOfUnit);
+        out.append(piece.data(), piece.size());
+    }
+}
+
+} // namespace
+
+refptr<xmlDocument> xmlDocument::createDocument()
+{
+    return new xmlDocument;
+}
+
+void xmlDocument::load(const file& source, bool keepWhitespace)
+{
+    const std::int32_t size = existingSize(source);
+    if (size == 0) return;
+    byteBlock bytes = readWhole(source, size);
+    try {
+        const unitBlock document = decodeDocument(bytes.get(), static_cast<std::size_t>(size));
+        bytes.reset(); // the tree needs the room
+        parseText(document.get(), keepWhitespace, nullptr);
+    } catch (const unexpectedErrorException&) {
+        throw invalidXmlException(source);
+    }
+}
+
+void xmlDocument::parseBuffer(const void* bytes, std::size_t length, bool keepWhitespace)
+{
+    if (bytes == nullptr) return;
+    const unitBlock document = decodeDocument(static_cast<const unsigned char*>(bytes), length);
+    parseText(document.get(), keepWhitespace, nullptr);
+}
+
+void xmlDocument::save(const file& target, xmlEncoding encoding) const
+{
+    if (!target.isWritable()) throw writeFileException(target, nullptr);
+    // Made before the target is opened: a failure up to here leaves the old file as it is.
+    byteBuffer bytes;
+    writeBuffer(bytes, encoding);
+    writeWhole(target, bytes);
+}
+
+void xmlDocument::writeBuffer(byteBuffer& out, xmlEncoding encoding) const
+{
+    constexpr std::size_t declarationRoom = 40;
+    string document;
+    document.reserve(estimateSize(0) + declarationRoom);
+    writeDeclaration(document, encoding);
+    writeNode(document, string::emptyString());
+    if (encoding == xmlEncoding::utf8)
+        appendUtf8(out, document);
+    else
+        out.append(document.c_str(), (document.size() + 1) * sizeof(char16_t));
+}
+
+void xmlDocument::writeDeclaration(string& out, xmlEncoding encoding)
+{
+    out.assign(u"<?xml version=\"1.0\" ");
+    if (encoding == xmlEncoding::utf8) out.append(u"encoding=\"UTF-8\"");
+    if (encoding == xmlEncoding::utf16) out.append(u"encoding=\"UTF-16\"");
+    out.append(u"?>\n");
+}
+
+} // namespace orlo

@@ -1,0 +1,15 @@
+// From the bytes of a document to its text.
+#pragma once
+
+#include <cstddef>
+#include <memory>
+
+namespace orlo {
+
+using unitBlock = std::unique_ptr<char16_t[]>;
+
+// The zero-terminated text of a document, in the encoding that its mark or its declaration
+// tells. Throws outOfMemoryException, and the plain bool false where no text comes out.
+unitBlock decodeDocument(const unsigned char* bytes, std::size_t length);
+
+} // namespace orlo

@@ -1,0 +1,135 @@
+// The writer of element trees. Depth costs memory but no call stack, as in the reader.
+#include "orloxmlentities.h"
+#include "orloxmlnode.h"
+
+#include <cstddef>
+#include <vector>
+
+namespace orlo {
+
+namespace {
+
+constexpr std::size_t levelWidth = 3;
+
+// Calls `enter(node, depth)` for each node in document order, and `leave(node, depth)` behind
+// the last child of each node that has children.
+template <class Enter, class Leave>
+void walkTree(const xmlNode& root, Enter enter, Leave leave)
+{
+    struct openNode {
+        const xmlNode* node;
+        std::size_t nextChild;
+    };
+    std::vector<openNode> open;
+    const auto visit = [&](const xmlNode& node) {
+        enter(node, open.size());
+        if (!node.children.empty()) open.push_back({&node, 0});
+    };
+
+    visit(root);
+    while (!open.empty()) {
+        openNode& innermost = open.back();
+        const xmlNode& node = *innermost.node;
+        if (innermost.nextChild < node.children.size()) {
+            visit(*node.children[innermost.nextChild++]);
+        } else {
+            open.pop_back();
+            leave(node, open.size());
+        }
+    }
+}
+
+class treeWriter {
+public:
+    treeWriter(string& out, const string& indent) : m_out(out), m_indent(indent), m_base(indent.size()) {}
+
+    void writeStart(const xmlNode& node, std::size_t depth);
+    void writeEnd(const xmlNode& node, std::size_t depth);
+
+private:
+    void writeIndent(std::size_t depth);
+    void writeAttributes(const xmlNode& node);
+    void writeClosingTag(const xmlNode& node);
+
+    string& m_out;
+    string m_indent; // of the deepest level so far
+    std::size_t m_base;
+};
+
+void treeWriter::writeStart(const xmlNode& node, std::size_t depth)
+{
+    writeIndent(depth);
+    m_out.append(1, u'<').append(node.name);
+    writeAttributes(node);
+    if (!node.children.empty()) {
+        m_out.append(u">\n");
+        if (node.text.empty()) return;
+        writeIndent(depth + 1);
+        appendEncoded(m_out, node.text, lineFeeds::drop);
+        m_out.append(1, u'\n');
+    } else if (!node.text.empty()) {
+        m_out.append(1, u'>');
+        appendEncoded(m_out, node.text, lineFeeds::keep);
+        writeClosingTag(node);
+    } else {
+        m_out.append(u"/>\n");
+    }
+}
+
+void treeWriter::writeEnd(const xmlNode& node, std::size_t depth)
+{
+    writeIndent(depth);
+    writeClosingTag(node);
+}
+
+void treeWriter::writeIndent(std::size_t depth)
+{
+    const std::size_t width = m_base + depth * levelWidth;
+    if (m_indent.size() < width) m_indent.append(width - m_indent.size(), u' ');
+    m_out.append(m_indent, 0, width);
+}
+
+void treeWriter::writeAttributes(const xmlNode& node)
+{
+    for (const auto& [name, value] : node.attributes) {
+        m_out.append(1, u' ').append(name).append(u"=\"");
+        appendEncoded(m_out, value, lineFeeds::keep);
+        m_out.append(1, u'"');
+    }
+}
+
+void treeWriter::writeClosingTag(const xmlNode& node)
+{
+    m_out.append(u"</").append(node.name).append(u">\n");
+}
+
+// The node's own part, without its children.
+std::size_t estimateNode(const xmlNode& node, std::size_t width)
+{
+    std::size_t size = width + 1 + node.name.size();
+    for (const auto& [name, value] : node.attributes) size += name.size() + value.size() + 8;
+    if (!node.children.empty()) return size + 2 + node.name.size() + 5 + width;
+    if (!node.text.empty()) return size + node.text.size() + 9 + node.name.size();
+    return size + 4;
+}
+
+} // namespace
+
+void xmlNode::writeNode(string& out, const string& indent) const
+{
+    treeWriter writer(out, indent);
+    walkTree(
+        *this, [&](const xmlNode& node, std::size_t depth) { writer.writeStart(node, depth); },
+        [&](const xmlNode& node, std::size_t depth) { writer.writeEnd(node, depth); });
+}
+
+std::size_t xmlNode::estimateSize(std::size_t width) const
+{
+    std::size_t size = 0;
+    walkTree(
+        *this, [&](const xmlNode& node, std::size_t depth) { size += estimateNode(node, width + depth * levelWidth); },
+        [](const xmlNode&, std::size_t) {});
+    return size;
+}
+
+} // namespace orlo
