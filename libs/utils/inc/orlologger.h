@@ -1,0 +1,63 @@
+// Named loggers: they stand ready, and nothing is written through them.
+#pragma once
+
+#include "orlorefptr.h"
+#include "orlostring.h"
+
+#include <cstdint>
+
+namespace orlo {
+
+// Counting of references, seen from outside.
+class iRefCount {
+public:
+    [[nodiscard]] virtual std::uint32_t getRefCount() = 0;
+    // Both give the new count.
+    virtual std::uint32_t addRef() = 0;
+    virtual std::uint32_t release() = 0;
+
+protected:
+    ~iRefCount() = default;
+};
+
+// An object that is reached through a counted interface.
+class iRefObj : public iRefCount {
+protected:
+    ~iRefObj() = default;
+};
+
+} // namespace orlo
+
+namespace orlolog {
+
+// A logger of a name and a level. It lives on the heap until its last reference goes.
+class logger : public orlo::iRefObj, public virtual orlo::refObj {
+public:
+    logger(const orlo::string& name, bool flag, std::uint32_t level);
+    // A new logger, with this one reference.
+    static orlo::refptr<logger> create(const orlo::string& name, bool flag, std::uint32_t level);
+
+    [[nodiscard]] std::uint32_t getRefCount() override;
+    std::uint32_t addRef() override;
+    std::uint32_t release() override;
+    void deleteThis() override;
+
+    [[nodiscard]] const orlo::string& name() const { return m_name; }
+    [[nodiscard]] bool flag() const { return m_flag; }
+    [[nodiscard]] std::uint32_t level() const { return m_level; }
+
+private:
+    orlo::string m_name;
+    std::uint32_t m_level;
+    bool m_flag;
+};
+
+// The loggers of every process, made before the program's entry: one without a name, and the
+// one named "root".
+extern orlo::refptr<logger> unnamedLogger;
+extern orlo::refptr<logger> rootLogger;
+
+// What a line of a log would look like; nothing reads it yet.
+extern const orlo::string defaultLineFormat;
+
+} // namespace orlolog
