@@ -13,11 +13,7 @@ constexpr double pivotTolerance = 1e-5;
 // A whole matrix from the nine elements of its axes.
 constexpr matrix4d turn(const std::array<double, 9>& e)
 {
-    return matrix4d(std::array<double, 16>{
-        e[0], e[1], e[2], 0, //
-        e[3], e[4], e[5], 0, //
-        e[6], e[7], e[8], 0, //
-        0, 0, 0, 1});
+    return matrix4d({e[0], e[1], e[2], 0, e[3], e[4], e[5], 0, e[6], e[7], e[8], 0, 0, 0, 0, 1});
 }
 
 // --- Row operations of the elimination -----------------------------------------------------
@@ -58,11 +54,8 @@ void subtractRow(matrix4d& m, unsigned to, unsigned from, double factor)
 constinit const matrix4d identityMatrix{};
 constinit const matrix4d identityTable = turn({1, 0, 0, 0, 1, 0, 0, 0, 1});
 constinit const std::array<matrix4d, 5> axisPermutations{
-    turn({1, 0, 0, 0, -1, 0, 0, 0, -1}),
-    turn({1, 0, 0, 0, 0, -1, 0, 1, 0}),
-    turn({-1, 0, 0, 0, 0, 1, 0, 1, 0}),
-    turn({0, 0, -1, -1, 0, 0, 0, 1, 0}),
-    turn({0, 0, 1, 1, 0, 0, 0, 1, 0}),
+    turn({1, 0, 0, 0, -1, 0, 0, 0, -1}), turn({1, 0, 0, 0, 0, -1, 0, 1, 0}), turn({-1, 0, 0, 0, 0, 1, 0, 1, 0}),
+    turn({0, 0, -1, -1, 0, 0, 0, 1, 0}), turn({0, 0, 1, 1, 0, 0, 0, 1, 0}),
 };
 
 // Z leads, and Y is made anew from Z and X: the axes of a caller need not be at right angles.

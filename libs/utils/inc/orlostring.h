@@ -61,27 +61,16 @@ public:
     // One shared empty text that lives until the process ends.
     static const string& emptyString();
 
-    // The standard operations with a position, whose failures keep their own text on every
-    // runtime library; what else they take is what std::u16string takes.
-    template <class... What>
-    string& insert(std::size_t position, const What&... what)
-    {
-        checkPosition(position);
-        std::u16string::insert(position, what...);
-        return *this;
-    }
+    // The standard operations with a position, whose failures read the same on every runtime
+    // library.
+    string& insert(std::size_t position, std::u16string_view text);
+    string& insert(std::size_t position, std::size_t count, char16_t unit);
     template <class... What>
     iterator insert(const_iterator position, const What&... what)
     {
         return std::u16string::insert(position, what...);
     }
-    template <class... What>
-    string& replace(std::size_t position, std::size_t count, const What&... what)
-    {
-        checkPosition(position);
-        std::u16string::replace(position, count, what...);
-        return *this;
-    }
+    string& replace(std::size_t position, std::size_t count, std::u16string_view text);
     string& erase(std::size_t position = 0, std::size_t count = npos);
     using std::u16string::erase;
     [[nodiscard]] string substr(std::size_t position = 0, std::size_t count = npos) const;

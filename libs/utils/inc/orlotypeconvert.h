@@ -65,8 +65,8 @@ public:
     [[nodiscard]] const std::type_info& toType() const override { return typeid(To); }
     bool convertValue(void* to, const void* from, unsigned flags, const argumentList& arguments) const override
     {
-        return convertFunction != nullptr
-            && convertFunction(*static_cast<To*>(to), *static_cast<const From*>(from), flags, arguments);
+        return convertFunction != nullptr &&
+               convertFunction(*static_cast<To*>(to), *static_cast<const From*>(from), flags, arguments);
     }
 
     function convertFunction;
@@ -150,18 +150,19 @@ private:
     mutex m_mutex;
 };
 
+template <class T, class... Types>
+inline constexpr bool isOneOf = (std::is_same_v<T, Types> || ...);
+
 // The eleven types between which conversions are built in.
 template <class T>
-inline constexpr bool isPrimitive = std::is_same_v<T, bool> || std::is_same_v<T, short>
-    || std::is_same_v<T, unsigned short> || std::is_same_v<T, int> || std::is_same_v<T, unsigned>
-    || std::is_same_v<T, long> || std::is_same_v<T, unsigned long> || std::is_same_v<T, unsigned long long>
-    || std::is_same_v<T, float> || std::is_same_v<T, double> || std::is_same_v<T, string>;
+inline constexpr bool isPrimitive = isOneOf<T, bool, short, unsigned short, int, unsigned, long, unsigned long,
+                                            unsigned long long, float, double, string>;
 
 // True for the 108 pairs with a direct conversion: all of different types but float and
 // double to bool, which go through text.
 template <class To, class From>
-inline constexpr bool isPrimitivePair = isPrimitive<To> && isPrimitive<From> && !std::is_same_v<To, From>
-    && !(std::is_same_v<To, bool> && std::is_floating_point_v<From>);
+inline constexpr bool isPrimitivePair = (isPrimitive<To>)&&(isPrimitive<From>)&&!std::is_same_v<To, From> &&
+                                        !(std::is_same_v<To, bool> && std::is_floating_point_v<From>);
 
 // The built-in conversions. True if the value fitted. A number that does not fit becomes the
 // nearest limit of its target, with false; a text that can't be read leaves the target

@@ -47,7 +47,6 @@ void skipYears(calendarDay& at, std::uint32_t& count)
     count -= left;
     ++at.year;
     at.month = at.day = 1;
-    // All days beyond the last year give the same date, so there is no need to walk there.
     while (count > at.yearLength() && at.year <= date::maxYear()) {
         count -= at.yearLength();
         ++at.year;
@@ -90,8 +89,9 @@ void skipYearsBack(calendarDay& at, std::uint32_t& count)
     }
 }
 
-// Moves back to the last day of the month in which the rest of `count` lies. The day on which
-// the way began is taken off even if years lie between: dates that were stored so exist.
+// Moves back to the last day of the month in which the rest of `count` lies. The day of the
+// month on which the way began is taken off even if years lie between: it is meant so, since
+// dates that were counted this way must come out the same again.
 void skipMonthsBack(calendarDay& at, std::uint32_t& count, std::uint32_t firstDay)
 {
     if (count >= firstDay) {
@@ -214,6 +214,8 @@ date& days::addTo(date& target) const
     calendarDay at(target);
     std::uint32_t count = m_days;
     skipYears(at, count);
+    // All days beyond the last year give the same date, so there is no need to walk there.
+    if (at.year > date::maxYear()) return target = at.asDate();
     skipMonths(at, count);
     at.day += count;
     if (at.day > at.monthLength()) {

@@ -131,7 +131,7 @@ fileSearch::fileSearch(const directory& where, const string& pattern, std::uint3
     : m_hitPrefix(where.path()), m_search(skipAttributes | attributeSubdirectory, 0)
 {
     // A prefix in the normal form lets each hit's path be normal as it is put together.
-    if (normalizePath(m_hitPrefix, true) != m_hitPrefix) m_hitPrefix.push_back(u'\\');
+    if (m_hitPrefix.empty() || normalizePath(m_hitPrefix, true) != m_hitPrefix) m_hitPrefix.push_back(u'\\');
     if (m_search.start(where.path() + pattern))
         takeHit();
     else

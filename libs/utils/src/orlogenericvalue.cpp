@@ -8,8 +8,9 @@ bool genericValue::holderbase::convertInto(holderbase& to, const holderbase& fro
 {
     void* target = to.valuePointer();
     const void* source = from.constValuePointer();
-    return target != nullptr && source != nullptr
-        && typeconvert::typeConverterRegistry::instance().convert(to.typeInfo(), target, from.typeInfo(), source, 0, {});
+    if (target == nullptr || source == nullptr) return false;
+    auto& registry = typeconvert::typeConverterRegistry::instance();
+    return registry.convert(to.typeInfo(), target, from.typeInfo(), source, 0, {});
 }
 
 genericValue::genericValue(const genericValue& other) : m_holder(other.m_holder ? other.m_holder->clone() : nullptr) {}

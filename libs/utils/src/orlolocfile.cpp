@@ -43,7 +43,7 @@ std::vector<string> includeNames(const file& source)
 {
     std::vector<string> names;
     const auto text = readLanguageText(source);
-    if (!text) return names;
+    if (!text || text->find(includeMark) == text->npos) return names;
     lineReader lines(*text);
     string name;
     for (view line; lines.next(line);)
@@ -53,6 +53,7 @@ std::vector<string> includeNames(const file& source)
 
 void readCommands(view text, std::vector<string>& commands)
 {
+    if (text.find(commandMark) == text.npos) return;
     lineReader lines(text);
     for (view line; lines.next(line);) {
         const auto mark = line.find(commandMark);
@@ -80,6 +81,7 @@ public:
     struct entry {
         view key;
         view value;
+        std::uint64_t rank = 0; // for sorting
     };
 
     // The entries in the order of the text, keys more than once included. Their views end
@@ -146,15 +148,49 @@ void entryReader::append(view piece)
 
 void entryReader::finishEntry()
 {
-    const auto at = [this](std::size_t index) { return m_text.begin() + static_cast<std::ptrdiff_t>(index); };
-    auto to = at(m_valueStart);
-    for (auto from = to; from != at(m_valueEnd); ++to, ++from) {
-        const bool lineFeed = *from == u'\\' && from + 1 != at(m_valueEnd) && from[1] == u'n';
+    char16_t* const start = m_text.data() + m_valueStart;
+    char16_t* const end = m_text.data() + m_valueEnd;
+    char16_t* to = std::find(start, end, u'\\');
+    for (const char16_t* from = to; from != end; ++to, ++from) {
+        const bool lineFeed = *from == u'\\' && from + 1 != end && from[1] == u'n';
         *to = lineFeed ? u'\n' : *from;
         if (lineFeed) ++from;
     }
-    m_found.push_back({m_key, view(at(m_valueStart), to)});
+    m_found.push_back({m_key, view(start, to), 0});
     m_key = {};
+}
+
+// What all keys have in front, as most programs name their texts after themselves.
+std::size_t commonLength(const std::vector<entryReader::entry>& entries)
+{
+    view common = entries.empty() ? view() : entries[0].key;
+    for (const auto& [key, value, rank] : entries) {
+        const auto end = std::mismatch(common.begin(), common.end(), key.begin(), key.end()).first;
+        common = view(common.begin(), end);
+    }
+    return common.size();
+}
+
+// Four units as one number of the same order; zeros stand for what is missing.
+std::uint64_t rankOf(view units)
+{
+    std::uint64_t rank = 0;
+    for (std::size_t index = 0; index < 4; ++index) rank = rank << 16 | (index < units.size() ? units[index] : 0);
+    return rank;
+}
+
+// Sorts by key, and leaves equal keys in their order. Most comparisons end at the ranks,
+// without a look at texts that lie scattered.
+void sortByKey(std::vector<entryReader::entry>& entries)
+{
+    using entry = entryReader::entry;
+    const std::size_t common = commonLength(entries);
+    for (entry& each : entries) each.rank = rankOf(each.key.substr(common));
+    const auto before = [](const entry& a, const entry& b) {
+        return a.rank != b.rank ? a.rank < b.rank : a.key < b.key;
+    };
+    if (!std::is_sorted(entries.begin(), entries.end(), before))
+        std::stable_sort(entries.begin(), entries.end(), before);
 }
 
 // Keys that come in their order go into the map without a search. Of equal keys the first
@@ -163,9 +199,9 @@ void readEntries(std::u16string& text, std::map<string, string>& entries)
 {
     using entry = entryReader::entry;
     std::vector<entry> found = entryReader::read(text);
-    std::stable_sort(found.begin(), found.end(), [](const entry& a, const entry& b) { return a.key < b.key; });
-    const auto end =
-        std::unique(found.begin(), found.end(), [](const entry& a, const entry& b) { return a.key == b.key; });
+    sortByKey(found);
+    const auto end = std::unique(found.begin(), found.end(),
+                                 [](const entry& a, const entry& b) { return a.rank == b.rank && a.key == b.key; });
     for (auto next = found.begin(); next != end; ++next)
         entries.emplace_hint(entries.end(), string(next->key), string(next->value));
 }

@@ -109,9 +109,20 @@ bool convertNumber(To& to, From from)
 
 // --- Text to number ------------------------------------------------------------------------
 
-bool scan(const string& text, std::int32_t& value) { return scanLong(text.c_str(), value); }
-bool scan(const string& text, std::uint32_t& value) { return scanUnsignedLong(text.c_str(), value); }
-bool scan(const string& text, std::uint64_t& value) { return scanUnsignedLongLong(text.c_str(), value); }
+bool scan(const string& text, std::int32_t& value)
+{
+    return scanLong(text.c_str(), value);
+}
+
+bool scan(const string& text, std::uint32_t& value)
+{
+    return scanUnsignedLong(text.c_str(), value);
+}
+
+bool scan(const string& text, std::uint64_t& value)
+{
+    return scanUnsignedLongLong(text.c_str(), value);
+}
 
 // The short types are read through their longer ones. Unlike a number, a text out of range
 // leaves the target as it was.
@@ -141,7 +152,7 @@ bool readText(bool& to, const string& text)
 // the number. Texts of a usual length are copied without the heap.
 bool readText(double& to, const string& text)
 {
-    if (text.find(u',') == string::npos) return scanDouble(text.c_str(), to);
+    if (std::find(text.begin(), text.end(), u',') == text.end()) return scanDouble(text.c_str(), to);
 
     char16_t units[64];
     if (text.size() < std::size(units)) {
@@ -337,7 +348,6 @@ bool convertPrimitive(To& to, const From& from, unsigned flags, const argumentLi
 #define ORLO_INSTANTIATE(To, From)                                                                                     \
     template bool convertPrimitive<To, From>(To & to, const From& from, unsigned flags, const argumentList& arguments);
 ORLO_EACH_PAIR(ORLO_INSTANTIATE)
-// clang-format on
 
 namespace {
 
@@ -353,6 +363,7 @@ constexpr typeConverter<string, std::string> textToNarrow{narrowText};
 constexpr const typeConverterBase* allConverters[] = {
     ORLO_EACH_PAIR(ORLO_CONVERTER) &byteToText, &pointerToText, &narrowToText, &textToNarrow,
 };
+// clang-format on
 static_assert(std::size(allConverters) == 108 + 4);
 
 } // namespace

@@ -134,6 +134,27 @@ const string& string::emptyString()
     return shared;
 }
 
+string& string::insert(std::size_t position, std::u16string_view inserted)
+{
+    checkPosition(position);
+    std::u16string::insert(position, inserted);
+    return *this;
+}
+
+string& string::insert(std::size_t position, std::size_t count, char16_t unit)
+{
+    checkPosition(position);
+    std::u16string::insert(position, count, unit);
+    return *this;
+}
+
+string& string::replace(std::size_t position, std::size_t count, std::u16string_view replacement)
+{
+    checkPosition(position);
+    std::u16string::replace(position, count, replacement);
+    return *this;
+}
+
 string& string::erase(std::size_t position, std::size_t count)
 {
     checkPosition(position);

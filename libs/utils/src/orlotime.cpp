@@ -13,8 +13,8 @@ namespace {
 
 enum place : std::size_t { hourPlace, minutePlace, secondPlace, placeCount };
 
-// What a part of a time's text is, and its largest value. The fourth part stands for the
-// seconds as well: texts that carry seconds there are about.
+// What a part of a time's text stands for, and its largest value. The fourth replaces the
+// seconds, although a fraction is written there: it is meant so, and no fraction is ever read.
 struct textPart {
     place stands;
     std::uint32_t limit;

@@ -25,7 +25,8 @@ converterGroup::converterGroup(converterList converters) : m_converters(converte
 converterGroup::~converterGroup()
 {
     if (auto* registry = typeConverterRegistry::s_instance) {
-        for (auto last = m_converters.rbegin(); last != m_converters.rend(); ++last) registry->unregisterConverter(*last);
+        for (auto last = m_converters.rbegin(); last != m_converters.rend(); ++last)
+            registry->unregisterConverter(*last);
         return;
     }
     converterGroup** link = &typeConverterRegistry::s_pending;

@@ -2,6 +2,7 @@
 
 #include "orloexception.h"
 #include "orloxmlencoding.h"
+#include "orloxmlparser.h"
 #include "platform/platform.h"
 
 #include <algorithm>
@@ -114,9 +115,9 @@ void xmlDocument::load(const file& source, bool keepWhitespace)
     if (size == 0) return;
     byteBlock bytes = readWhole(source, size);
     try {
-        const unitBlock document = decodeDocument(bytes.get(), static_cast<std::size_t>(size));
+        const documentText document = decodeDocument(bytes.get(), static_cast<std::size_t>(size));
         bytes.reset(); // the tree needs the room
-        parseText(document.get(), keepWhitespace, nullptr);
+        readTree(*this, document.units.get(), document.length, keepWhitespace);
     } catch (const unexpectedErrorException&) {
         throw invalidXmlException(source);
     }
@@ -125,8 +126,8 @@ void xmlDocument::load(const file& source, bool keepWhitespace)
 void xmlDocument::parseBuffer(const void* bytes, std::size_t length, bool keepWhitespace)
 {
     if (bytes == nullptr) return;
-    const unitBlock document = decodeDocument(static_cast<const unsigned char*>(bytes), length);
-    parseText(document.get(), keepWhitespace, nullptr);
+    const documentText document = decodeDocument(static_cast<const unsigned char*>(bytes), length);
+    readTree(*this, document.units.get(), document.length, keepWhitespace);
 }
 
 void xmlDocument::save(const file& target, xmlEncoding encoding) const

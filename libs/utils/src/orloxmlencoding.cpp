@@ -24,30 +24,31 @@ bool beginsWith(const unsigned char* bytes, std::size_t length, std::string_view
     return length >= mark.size() && std::memcmp(bytes, mark.data(), mark.size()) == 0;
 }
 
-unitBlock newBlock(std::size_t units)
+documentText newText(std::size_t room)
 {
-    unitBlock block(new (std::nothrow) char16_t[units]);
-    if (!block) throw outOfMemoryException();
-    return block;
+    documentText text{std::unique_ptr<char16_t[]>(new (std::nothrow) char16_t[room])};
+    if (!text.units) throw outOfMemoryException();
+    return text;
 }
 
-unitBlock convertBytes(platform::encoding from, const unsigned char* bytes, std::size_t length)
+documentText convertBytes(platform::encoding from, const unsigned char* bytes, std::size_t length)
 {
-    unitBlock text = newBlock(length + 1);
-    const std::size_t units = platform::decode(from, bytes, length, text.get());
-    if (units == 0) throw false;
-    text[units] = 0;
+    documentText text = newText(length + 1);
+    text.length = platform::decode(from, bytes, length, text.units.get());
+    if (text.length == 0) throw false;
+    text.units[text.length] = 0;
     return text;
 }
 
 // Bytes that are units already. Half a unit at the end is filled up by a zero byte.
-unitBlock copyUnits(const unsigned char* bytes, std::size_t length)
+documentText copyUnits(const unsigned char* bytes, std::size_t length)
 {
     const std::size_t whole = length / sizeof(char16_t);
-    unitBlock text = newBlock(whole + 2);
-    text[whole] = 0;
-    text[whole + 1] = 0;
-    if (length != 0) std::memcpy(text.get(), bytes, length);
+    documentText text = newText(whole + 2);
+    text.length = whole;
+    text.units[whole] = 0;
+    text.units[whole + 1] = 0;
+    if (length != 0) std::memcpy(text.units.get(), bytes, length);
     return text;
 }
 
@@ -59,7 +60,7 @@ char lowerByte(char byte)
 // Text with a declared encoding is in single bytes, whatever the name says. A declared
 // "utf-16" is copied from the third byte on as if a mark stood there, which leaves an empty
 // document, and a name that is not known stands for the system's character set.
-unitBlock decodeDeclared(std::string name, const unsigned char* bytes, std::size_t length)
+documentText decodeDeclared(std::string name, const unsigned char* bytes, std::size_t length)
 {
     std::transform(name.begin(), name.end(), name.begin(), lowerByte);
     if (name == "utf-8") return convertBytes(platform::encoding::utf8, bytes, length);
@@ -155,7 +156,7 @@ bool findDeclaredEncoding(const void* bytes, std::size_t length, std::string& en
     return true;
 }
 
-unitBlock decodeDocument(const unsigned char* bytes, std::size_t length)
+documentText decodeDocument(const unsigned char* bytes, std::size_t length)
 {
     if (beginsWith(bytes, length, utf8Mark))
         return convertBytes(platform::encoding::utf8, bytes + utf8Mark.size(), length - utf8Mark.size());

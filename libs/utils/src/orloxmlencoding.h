@@ -6,10 +6,13 @@
 
 namespace orlo {
 
-using unitBlock = std::unique_ptr<char16_t[]>;
+struct documentText {
+    std::unique_ptr<char16_t[]> units; // zero-terminated, perhaps before the end
+    std::size_t length = 0;
+};
 
 // The zero-terminated text of a document, in the encoding that its mark or its declaration
 // tells. Throws outOfMemoryException, and the plain bool false where no text comes out.
-unitBlock decodeDocument(const unsigned char* bytes, std::size_t length);
+documentText decodeDocument(const unsigned char* bytes, std::size_t length);
 
 } // namespace orlo

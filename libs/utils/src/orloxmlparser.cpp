@@ -4,8 +4,10 @@
 // and all nodes that no finished element holds yet wait in another, each open element followed
 // by its children so far. An element that ends takes its children from there in one piece, so
 // a text that ends early leaves none of them behind.
+#include "orloxmlparser.h"
 #include "orloexception.h"
 #include "orlounit.h"
+#include "orlounitsearch.h"
 #include "orlounitset.h"
 #include "orloxmlnode.h"
 
@@ -134,7 +136,11 @@ std::u16string_view trimmed(std::u16string_view text)
 
 class treeReader {
 public:
-    explicit treeReader(bool keepWhitespace) : m_keepWhitespace(keepWhitespace) { m_pending.reserve(pendingRoom); }
+    // Up to `knownEnd` the text may be looked at without regard to its terminator.
+    treeReader(place knownEnd, bool keepWhitespace) : m_knownEnd(knownEnd), m_keepWhitespace(keepWhitespace)
+    {
+        m_pending.reserve(pendingRoom);
+    }
 
     // Fills `outermost`; null if the text ended first.
     place read(xmlNode& outermost, place at);
@@ -159,11 +165,13 @@ private:
     place findAttribute(place at);
     void addAttributes(xmlNode& node);
     content readFirstText(xmlNode& node, place& at);
+    place findMarkup(place at) const;
     void storeText(xmlNode& node, place begin, place end);
     std::u16string_view decoded(std::u16string_view text);
     void closeElement();
     void dropIfNameless();
 
+    place m_knownEnd;
     bool m_keepWhitespace;
     std::vector<openElement> m_open;
     std::vector<refptr<xmlNode>> m_pending;
@@ -182,7 +190,7 @@ place treeReader::read(xmlNode& outermost, place at)
 // One step inside the innermost open element: its closing tag or a child.
 place treeReader::readContent(place at)
 {
-    at = expectUnit(at, u'<');
+    at = findMarkup(at);
     const place inside = skipBlanks(at + 1);
     if (*inside != u'/') return readChild(at);
     at = readClosingTag(inside + 1, m_open.back().node->name);
@@ -272,7 +280,7 @@ void treeReader::addAttributes(xmlNode& node)
 treeReader::content treeReader::readFirstText(xmlNode& node, place& at)
 {
     const place begin = at;
-    const place markup = expectUnit(begin, u'<');
+    const place markup = findMarkup(begin);
     if (markup[1] == u'/') {
         at = readClosingTag(markup + 2, node.name);
         storeText(node, begin, markup);
@@ -284,6 +292,11 @@ treeReader::content treeReader::readFirstText(xmlNode& node, place& at)
     return markup[1] == 0 ? content::none : content::follows;
 }
 
+place treeReader::findMarkup(place at) const
+{
+    return expectUnit(skipBlocks(at, m_knownEnd, u'<', 0), u'<');
+}
+
 void treeReader::storeText(xmlNode& node, place begin, place end)
 {
     const std::u16string_view text = between(begin, end);
@@ -293,7 +306,8 @@ void treeReader::storeText(xmlNode& node, place begin, place end)
 // The text itself, or one that holds until the next call.
 std::u16string_view treeReader::decoded(std::u16string_view text)
 {
-    if (text.find(u'&') == text.npos) return text;
+    const place end = text.data() + text.size();
+    if (std::find(skipBlocks(text.data(), end, u'&', u'&'), end, u'&') == end) return text;
     m_decoded.assign(text);
     decodeEntities(m_decoded);
     return m_decoded;
@@ -320,15 +334,20 @@ void treeReader::dropIfNameless()
 
 } // namespace
 
+const char16_t* readTree(xmlNode& outermost, const char16_t* text, std::size_t length, bool keepWhitespace)
+{
+    try {
+        return treeReader(text + length, keepWhitespace).read(outermost, text);
+    } catch (const std::bad_alloc&) {
+        throw outOfMemoryException();
+    }
+}
+
 // The buffer of the caller is not needed: short texts need no memory of their own.
 const char16_t* xmlNode::parseText(const char16_t* source, bool keepWhitespace, char16_t* /*scratch*/)
 {
     if (source == nullptr) throw unexpectedErrorException(u"xmlNode::parseText: NULL specified for pText");
-    try {
-        return treeReader(keepWhitespace).read(*this, source);
-    } catch (const std::bad_alloc&) {
-        throw outOfMemoryException();
-    }
+    return readTree(*this, source, 0, keepWhitespace);
 }
 
 } // namespace orlo

@@ -44,26 +44,14 @@ enum class outcome { done, failed, unsupported };
 // Moves the content within the kernel.
 outcome copyRanges(int from, int to)
 {
-    for (bool started = false;; started = true) {
+    for (bool started = false;;) {
         const ssize_t moved = ::copy_file_range(from, nullptr, to, nullptr, rangeSize, 0);
-        if (moved > 0) continue;
-        if (moved < 0 && errno == EINTR) continue;
+        started = started || moved > 0;
+        if (moved > 0 || (moved < 0 && errno == EINTR)) continue;
         // Some file systems report nothing to copy instead of refusing.
         if (!started) return outcome::unsupported;
         return moved == 0 ? outcome::done : outcome::failed;
     }
-}
-
-bool writeAll(int to, const char* bytes, std::size_t count)
-{
-    while (count > 0) {
-        const ssize_t written = ::write(to, bytes, count);
-        if (written < 0 && errno == EINTR) continue;
-        if (written <= 0) return false;
-        bytes += written;
-        count -= static_cast<std::size_t>(written);
-    }
-    return true;
 }
 
 bool copyBlocks(int from, int to)
@@ -73,7 +61,8 @@ bool copyBlocks(int from, int to)
         const ssize_t got = ::read(from, block.get(), blockSize);
         if (got == 0) return true;
         if (got < 0 && errno == EINTR) continue;
-        if (got < 0 || !writeAll(to, block.get(), static_cast<std::size_t>(got))) return false;
+        const auto count = static_cast<std::size_t>(got);
+        if (got < 0 || writeFile(to, block.get(), count) != count) return false;
     }
 }
 

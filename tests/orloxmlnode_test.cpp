@@ -1,0 +1,221 @@
+#include "orloxmlnode.h"
+
+#include "orloxmldocument.h"
+#include "support/machine.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <vector>
+
+using namespace orlo;
+using orlo::tests::machine;
+
+namespace {
+
+string attributesOf(const xmlNode& node)
+{
+    string text;
+    for (const auto& [name, value] : node.attributes) text.append(name).append(u"=").append(value).append(u";");
+    return text;
+}
+
+// Counts the nodes that are there.
+class countedNode : public xmlNode {
+public:
+    countedNode() { ++alive; }
+    ~countedNode() override { --alive; }
+
+    static inline int alive = 0;
+};
+
+// A chain of counted nodes, the last of which is `deepest`.
+refptr<xmlNode> countedChain(std::size_t depth, refptr<xmlNode>& deepest)
+{
+    refptr<xmlNode> root(new countedNode);
+    deepest = root;
+    for (std::size_t level = 1; level < depth; ++level) {
+        refptr<xmlNode> child(new countedNode);
+        deepest->addChild(child);
+        deepest = child;
+    }
+    return root;
+}
+
+} // namespace
+
+TEST(xmlNode, isEmptyWhenNew)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    const refptr<xmlDocument> document = xmlDocument::createDocument();
+    for (const xmlNode* each : {node.get(), static_cast<xmlNode*>(document.get())}) {
+        EXPECT_EQ(each->name, u"");
+        EXPECT_EQ(each->text, u"");
+        EXPECT_EQ(each->parent, nullptr);
+        EXPECT_TRUE(each->children.empty());
+        EXPECT_TRUE(each->attributes.empty());
+    }
+}
+
+TEST(xmlNode, createNodeGivesTheNameAlone)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"p:name");
+    EXPECT_EQ(node->name, u"p:name");
+    EXPECT_EQ(node->text, u"");
+    EXPECT_EQ(node->parent, nullptr);
+}
+
+TEST(xmlNode, addChildAppendsInOrderAndSetsTheParent)
+{
+    const refptr<xmlNode> parent = xmlNode::createNode(u"parent");
+    const refptr<xmlNode> first = xmlNode::createNode(u"first");
+    EXPECT_TRUE(parent->addChild(first));
+    const refptr<xmlNode> second = parent->addChild(u"second");
+    ASSERT_EQ(parent->children.size(), 2u);
+    EXPECT_TRUE(parent->children[0] == first);
+    EXPECT_TRUE(parent->children[1] == second);
+    EXPECT_EQ(second->name, u"second");
+    EXPECT_EQ(first->parent, parent.get());
+    EXPECT_EQ(second->parent, parent.get());
+}
+
+TEST(xmlNode, addChildRefusesTheSameNodeTwice)
+{
+    const refptr<xmlNode> parent = xmlNode::createNode(u"parent");
+    const refptr<xmlNode> child = xmlNode::createNode(u"child");
+    EXPECT_TRUE(parent->addChild(child));
+    EXPECT_FALSE(parent->addChild(child));
+    EXPECT_EQ(parent->children.size(), 1u);
+}
+
+TEST(xmlNode, addChildRefusesAChildOfAnotherNode)
+{
+    const refptr<xmlNode> parent = xmlNode::createNode(u"parent");
+    const refptr<xmlNode> other = xmlNode::createNode(u"other");
+    const refptr<xmlNode> child = parent->addChild(u"child");
+    EXPECT_FALSE(other->addChild(child));
+    EXPECT_TRUE(other->children.empty());
+    EXPECT_EQ(child->parent, parent.get());
+}
+
+TEST(xmlNode, addChildRefusesAnEmptyReference)
+{
+    const refptr<xmlNode> parent = xmlNode::createNode(u"parent");
+    EXPECT_FALSE(parent->addChild(refptr<xmlNode>()));
+    EXPECT_TRUE(parent->children.empty());
+}
+
+TEST(xmlNode, setAttributeReplacesInPlaceAndAppendsNewNames)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"a");
+    node->setAttribute(u"x", u"1");
+    node->setAttribute(u"y", u"2");
+    node->setAttribute(u"z", u"3");
+    EXPECT_EQ(attributesOf(*node), u"x=1;y=2;z=3;");
+    node->setAttribute(u"y", u"new");
+    EXPECT_EQ(attributesOf(*node), u"x=1;y=new;z=3;");
+    node->setAttribute(u"w", u"4");
+    EXPECT_EQ(attributesOf(*node), u"x=1;y=new;z=3;w=4;");
+}
+
+TEST(xmlNode, getAttributeFindsTheExactNameAlone)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"a");
+    node->setAttribute(u"Name", u"upper");
+    node->setAttribute(u"name", u"lower");
+    static const struct {
+        const char16_t* wanted;
+        bool found;
+        const char16_t* value;
+    } rows[] = {
+        {u"Name", true, u"upper"},     {u"name", true, u"lower"},       {u"NAME", false, u"unchanged"},
+        {u"nam", false, u"unchanged"}, {u"names", false, u"unchanged"}, {u"", false, u"unchanged"},
+    };
+    for (const auto& row : rows) {
+        string value(u"unchanged");
+        EXPECT_EQ(node->getAttribute(row.wanted, value), row.found) << narrow(row.wanted);
+        EXPECT_EQ(value, row.value) << narrow(row.wanted);
+    }
+}
+
+TEST(xmlNode, anEmptyNameIsAnAttributeLikeAnyOther)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"a");
+    node->setAttribute(u"", u"1");
+    string value;
+    EXPECT_TRUE(node->getAttribute(u"", value));
+    EXPECT_EQ(value, u"1");
+    node->setAttribute(u"", u"2");
+    EXPECT_EQ(attributesOf(*node), u"=2;");
+}
+
+TEST(xmlNode, ofTwoLoadedAttributesOfOneNameTheFirstCounts)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    node->parseText(u"<n a=\"1\" a=\"2\"/>", false, nullptr);
+    string value;
+    EXPECT_TRUE(node->getAttribute(u"a", value));
+    EXPECT_EQ(value, u"1");
+    node->setAttribute(u"a", u"3");
+    string written;
+    node->writeNode(written, u"");
+    EXPECT_EQ(written, u"<n a=\"3\" a=\"2\"/>\n");
+}
+
+TEST(xmlNode, aChildHeldElsewhereOutlivesItsParent)
+{
+    refptr<xmlNode> parent = xmlNode::createNode(u"parent");
+    const refptr<xmlNode> child = parent->addChild(u"child");
+    child->addChild(u"grandchild");
+    parent->addChild(u"sibling");
+    parent = nullptr;
+    EXPECT_EQ(child->parent, nullptr);
+    ASSERT_EQ(child->children.size(), 1u);
+    EXPECT_EQ(child->children[0]->name, u"grandchild");
+    EXPECT_EQ(child->children[0]->parent, child.get());
+
+    const refptr<xmlNode> other = xmlNode::createNode(u"other");
+    EXPECT_TRUE(other->addChild(child));
+    EXPECT_EQ(child->parent, other.get());
+}
+
+TEST(xmlNode, destructionReachesEveryNodeButThoseHeldElsewhere)
+{
+    refptr<xmlNode> deepest;
+    refptr<xmlNode> root = countedChain(5, deepest);
+    const refptr<xmlNode> middle = root->children[0]->children[0];
+    for (int i = 0; i < 3; ++i) middle->parent->addChild(refptr<xmlNode>(new countedNode));
+    deepest = nullptr;
+    EXPECT_EQ(countedNode::alive, 8);
+    root = nullptr;
+    EXPECT_EQ(countedNode::alive, 3);
+    EXPECT_EQ(middle->parent, nullptr);
+    EXPECT_EQ(middle->children.size(), 1u);
+}
+
+TEST(xmlNode, destructionOfADeepTreeNeedsNoStack)
+{
+    constexpr std::size_t depth = 1000000;
+    refptr<xmlNode> deepest;
+    refptr<xmlNode> root = countedChain(depth, deepest);
+    EXPECT_EQ(countedNode::alive, static_cast<int>(depth));
+    root = nullptr;
+    EXPECT_EQ(countedNode::alive, 1);
+    EXPECT_EQ(deepest->parent, nullptr);
+    deepest = nullptr;
+    EXPECT_EQ(countedNode::alive, 0);
+}
+
+TEST(xmlNode, destructionTellsOfAnEmptyChildAndGoesOn)
+{
+    const machine& here = machine::renew();
+    {
+        const refptr<xmlNode> root(new countedNode);
+        root->addChild(refptr<xmlNode>(new countedNode));
+        root->children.emplace_back();
+        root->addChild(refptr<xmlNode>(new countedNode));
+    }
+    EXPECT_EQ(countedNode::alive, 0);
+    ASSERT_EQ(here.boxes.size(), 1u);
+    EXPECT_EQ(here.boxes[0].text, u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
+}

@@ -1,0 +1,761 @@
+#include "orloexception.h"
+#include "orloxmlnode.h"
+
+#include "support/machine.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <chrono>
+#include <cstdlib>
+#include <cwchar>
+#include <optional>
+#include <random>
+#include <thread>
+
+using namespace orlo;
+using orlo::tests::machine;
+
+namespace {
+
+// name [attribute]=[value] 'text' (children)
+void describe(const xmlNode& node, string& out)
+{
+    out.append(node.name);
+    for (const auto& [name, value] : node.attributes) out.append(u" " + name + u"=[" + value + u"]");
+    if (!node.text.empty()) out.append(u" '" + node.text + u"'");
+    if (node.children.empty()) return;
+    out.append(u" (");
+    for (const refptr<xmlNode>& child : node.children) {
+        if (child != node.children.front()) out.append(u" ");
+        EXPECT_EQ(child->parent, &node);
+        describe(*child, out);
+    }
+    out.append(u")");
+}
+
+// The node and the text that is left, or how the reading ended.
+string outcomeOf(xmlNode& node, const string& text, bool keepWhitespace)
+{
+    string outcome;
+    try {
+        const char16_t* const rest = node.parseText(text.c_str(), keepWhitespace, nullptr);
+        describe(node, outcome);
+        return outcome + u" | " + (rest == nullptr ? u"null" : rest);
+    } catch (const unexpectedErrorException&) {
+        describe(node, outcome);
+        return outcome + u" | error";
+    }
+}
+
+string outcomeOf(const string& text, bool keepWhitespace = false)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    return outcomeOf(*node, text, keepWhitespace);
+}
+
+struct parseRow {
+    const char16_t* text;
+    const char16_t* expected;
+};
+
+template <std::size_t Count>
+void expectOutcomes(const parseRow (&rows)[Count])
+{
+    machine::renew();
+    for (const parseRow& row : rows) EXPECT_EQ(outcomeOf(row.text), row.expected) << narrow(row.text);
+}
+
+// --- a slow reader, step by step and recursive, as the judge -------------------------------
+
+class slowReader {
+public:
+    slowReader(const string& text, bool keepWhitespace) : m_text(text), m_keepWhitespace(keepWhitespace) {}
+
+    struct failure {};
+    static constexpr std::size_t none = string::npos;
+
+    std::size_t read(xmlNode& node, std::size_t at);
+
+private:
+    [[nodiscard]] char16_t unit(std::size_t at) const { return at < m_text.size() ? m_text[at] : u'\0'; }
+    [[nodiscard]] bool has(std::size_t at, std::u16string_view what) const
+    {
+        return at <= m_text.size() && std::u16string_view(m_text).substr(at).starts_with(what);
+    }
+    [[nodiscard]] std::size_t blanks(std::size_t at) const
+    {
+        while (unit(at) != 0 && std::u16string_view(u" \t\n\v\f\r").find(unit(at)) != none) ++at;
+        return at;
+    }
+    [[nodiscard]] std::size_t until(std::size_t at, std::u16string_view ends) const
+    {
+        return std::min(m_text.find_first_of(ends, at), m_text.size());
+    }
+    static void require(bool good)
+    {
+        if (!good) throw failure();
+    }
+    std::size_t prolog(std::size_t at) const;
+    std::size_t attributes(xmlNode& node, std::size_t at) const;
+    std::size_t close(const string& name, std::size_t at) const;
+    void store(xmlNode& node, std::size_t first, std::size_t last) const;
+
+    const string& m_text;
+    bool m_keepWhitespace;
+};
+
+std::size_t slowReader::prolog(std::size_t at) const
+{
+    while (true) {
+        at = m_text.find(u'<', at);
+        if (at == none) return none;
+        std::size_t end = none;
+        if (has(at, u"<!--")) {
+            end = m_text.find(u"-->", at + 4);
+            at = end + 3;
+        } else if (has(at, u"<?")) {
+            end = m_text.find(u"?>", at + 2);
+            at = end + 2;
+        } else if (has(at, u"<!")) {
+            end = m_text.find(u">", at + 2);
+            at = end + 1;
+        } else {
+            return at;
+        }
+        if (end == none) return none;
+    }
+}
+
+std::size_t slowReader::attributes(xmlNode& node, std::size_t at) const
+{
+    while (at < m_text.size()) {
+        at = blanks(at);
+        if (unit(at) == u'>' || has(at, u"/>")) break;
+        const std::size_t nameEnd = until(at, u" \t\n\v\f\r=");
+        const std::size_t equals = m_text.find(u'=', nameEnd);
+        require(equals != none);
+        const std::size_t quote = blanks(equals + 1);
+        require(unit(quote) == u'"' || unit(quote) == u'\'');
+        const std::size_t end = m_text.find(unit(quote), quote + 1);
+        require(end != none);
+        string value(m_text.substr(quote + 1, end - quote - 1));
+        decodeEntities(value);
+        node.attributes.emplace_back(m_text.substr(at, nameEnd - at), value);
+        at = end + 1;
+    }
+    return at;
+}
+
+std::size_t slowReader::close(const string& name, std::size_t at) const
+{
+    at = blanks(at);
+    require(has(at, name));
+    at = blanks(at + name.size());
+    require(unit(at) == u'>');
+    return at + 1;
+}
+
+void slowReader::store(xmlNode& node, std::size_t first, std::size_t last) const
+{
+    string text(m_text.substr(first, last - first));
+    if (!m_keepWhitespace) text.trimLeft(u" \t").trimRight(u" \t");
+    decodeEntities(text);
+    node.text = text;
+}
+
+std::size_t slowReader::read(xmlNode& node, std::size_t at)
+{
+    const std::size_t tag = prolog(at);
+    if (tag == none) return none;
+    at = blanks(tag + 1);
+    require(at < m_text.size());
+    if (unit(at) == u'/') return tag;
+    const std::size_t nameEnd = until(at, u" \t\n\v\f\r>/");
+    require(unit(nameEnd) != u'/' || unit(nameEnd + 1) == u'>');
+    node.name = m_text.substr(at, nameEnd - at);
+    at = attributes(node, nameEnd);
+    std::vector<refptr<xmlNode>> children = node.children;
+    if (unit(at) != u'>') return at;
+    const std::size_t next = m_text.find(u'<', at + 1);
+    require(next != none);
+    if (unit(next + 1) == u'/') {
+        const std::size_t behind = close(node.name, next + 2);
+        store(node, at + 1, next);
+        return behind;
+    }
+    if (blanks(at + 1) != next) store(node, blanks(at + 1), next);
+    if (next + 1 == m_text.size()) return next;
+    at = next;
+    while (true) {
+        at = m_text.find(u'<', at);
+        require(at != none);
+        const std::size_t inside = blanks(at + 1);
+        if (unit(inside) == u'/') {
+            at = close(node.name, inside + 1);
+            node.children = children;
+            return at;
+        }
+        const refptr<xmlNode> child = xmlNode::createNode(u"");
+        at = read(*child, at);
+        if (at == none) return none;
+        if (child->name.empty()) continue;
+        children.push_back(child);
+        child->parent = &node;
+    }
+}
+
+string slowOutcomeOf(const string& text, bool keepWhitespace)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    string outcome;
+    try {
+        const std::size_t rest = slowReader(text, keepWhitespace).read(*node, 0);
+        describe(*node, outcome);
+        return outcome + u" | " + (rest == slowReader::none ? string(u"null") : text.substr(rest));
+    } catch (const slowReader::failure&) {
+        describe(*node, outcome);
+        return outcome + u" | error";
+    }
+}
+
+string randomText(std::mt19937& random, const std::vector<string>& pieces, unsigned most)
+{
+    string text;
+    for (auto count = random() % most; count > 0; --count) text.append(pieces[random() % pieces.size()]);
+    return text;
+}
+
+// --- a slow decoder ------------------------------------------------------------------------
+
+// One pass, or false where it would never end. Numeric references are searched from the start
+// each time.
+bool slowPass(string& text)
+{
+    text.replaceAll(u"&amp;", u"&").replaceAll(u"&apos;", u"'").replaceAll(u"&quot;", u"\"");
+    text.replaceAll(u"&lt;", u"<").replaceAll(u"&gt;", u">");
+    for (std::size_t hit = text.find(u"&#x"); hit != string::npos; hit = text.find(u"&#x")) {
+        std::size_t end = 0;
+        for (const std::size_t place : {hit + 4, hit + 5, hit + 6})
+            if (place < text.size() && text[place] == u';') end = place;
+        if (end == 0) return false;
+        const string reference = text.substr(hit, end + 1 - hit);
+        const std::string digits = narrow(reference.substr(3, reference.size() - 4));
+        const auto unit = static_cast<char16_t>(std::strtol(digits.c_str(), nullptr, 16));
+        text.replaceAll(reference, unit == 0 ? string() : string(unit));
+    }
+    return true;
+}
+
+// Nothing where the decoder would never end.
+std::optional<string> slowDecoded(string text)
+{
+    std::size_t before = 0;
+    do {
+        before = text.size();
+        if (!slowPass(text)) return std::nullopt;
+    } while (text.size() != before);
+    return text;
+}
+
+string decoded(string text)
+{
+    decodeEntities(text);
+    return text;
+}
+
+} // namespace
+
+// --- Forms ---------------------------------------------------------------------------------
+
+TEST(parseText, passesOverWhatStandsBeforeTheRoot)
+{
+    static const parseRow rows[] = {
+        {u"<?xml version=\"1.0\"?><a/>", u"a | />"},
+        {u"<!-- c --><a/>", u"a | />"},
+        {u"<!-- <b/> --><a/>", u"a | />"},
+        {u"<!DOCTYPE a><a/>", u"a | />"},
+        {u"<?xml?>\r\n<!-- 1 -->\n<!-- 2 --><!DOCTYPE a>\n<a/>", u"a | />"},
+        {u"junk ]]> <a/>", u"a | />"},
+        {u"<?p ?>?><a/>", u"a | />"},
+        // The ends are searched behind the whole beginning.
+        {u"<!-->--><a/>", u"a | />"},
+        {u"<!--->--><a/>", u"a | />"},
+        {u"<?>?><a/>", u"a | />"},
+        {u"<!><a/>", u"a | />"},
+        // Other markup ends at its first ">", so a subset or a CDATA section is not passed whole.
+        {u"<!DOCTYPE a [<!ENTITY b 'c'>]><a/>", u"a | />"},
+        {u"<!DOCTYPE a [<!ENTITY b 'c'><d/>]><a/>", u"d | />]><a/>"},
+        {u"<![CDATA[<b/>]]><a/>", u"a | />"},
+        {u"<![CDATA[>]]><a/>", u"a | />"},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, givesNullWhereTheTextEndsBeforeATag)
+{
+    static const parseRow rows[] = {
+        {u"", u" | null"},        {u"no tag", u" | null"},    {u"<!-- open", u" | null"}, {u"<!--->", u" | null"},
+        {u"<!---->", u" | null"}, {u"<?x", u" | null"},       {u"<?>", u" | null"},       {u"<!x", u" | null"},
+        {u"<!", u" | null"},      {u"<!-- <a/>", u" | null"}, {u"<? <a/>", u" | null"},   {u"<!-- c -->", u" | null"},
+        {u"<?x?> y", u" | null"},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, readsTheNameOfATag)
+{
+    static const parseRow rows[] = {
+        {u"<a/>", u"a | />"},
+        {u"< \t\r\n\v\fa/>", u"a | />"},
+        {u"<a", u"a | "},
+        {u"<ns:a.b-1\u00e9/>", u"ns:a.b-1\u00e9 | />"},
+        {u"<a&lt;/>", u"a&lt; | />"},
+        {u"<a<b/>", u"a<b | />"},
+        {u"<1=\"/>", u"1=\" | />"},
+        {u"<a\n/>", u"a | />"},
+        {u"<a_long_name_beyond_any_buffer/>", u"a_long_name_beyond_any_buffer | />"},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, stopsAtAClosingTagThatComesFirst)
+{
+    static const parseRow rows[] = {
+        {u"</a>", u" | </a>"},
+        {u"</>", u" | </>"},
+        {u" < / a>", u" | < / a>"},
+        {u"<!-- c --></a><b/>", u" | </a><b/>"},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, readsAttributes)
+{
+    static const parseRow rows[] = {
+        {u"<a b='1' c=\"2\"d='3'>x</a>", u"a b=[1] c=[2] d=[3] 'x' | "},
+        {u"<a b=\"x>y\"/>", u"a b=[x>y] | />"},
+        {u"<a b='</a>'/>", u"a b=[</a>] | />"},
+        {u"<a b=\"'\" c='\"'/>", u"a b=['] c=[\"] | />"},
+        {u"<a b=''/>", u"a b=[] | />"},
+        {u"<a b \n=\t '1' />", u"a b=[1] | />"},
+        {u"<a\tb=' 1 '/>", u"a b=[ 1 ] | />"},
+        {u"<a b='1' b='2'/>", u"a b=[1] b=[2] | />"},
+        {u"<a b='&lt;&#x41;&amp;quot;'/>", u"a b=[<A\"] | />"},
+        {u"<a b&lt;='1'/>", u"a b&lt;=[1] | />"},
+        // What stands between a name and the next "=" is lost.
+        {u"<a b c=\"1\">x</a>", u"a b=[1] 'x' | "},
+        {u"<a b></a><c d='1'/>", u"a b></a><c=[1] | />"},
+        {u"<a b><c d='1'/>", u"a b><c=[1] | />"},
+        // A name stops at blanks and "=" alone.
+        {u"<a b>c='1'/>", u"a b>c=[1] | />"},
+        {u"<a b/c='1'/>", u"a b/c=[1] | />"},
+        {u"<a ='1'/>", u"a =[1] | />"},
+        {u"<a / b='1'/>", u"a /=[1] | />"},
+        {u"<a b='1'/ c='2'/>", u"a b=[1] /=[2] | />"},
+        // The end of the text ends the tag, unless a blank stands before it.
+        {u"<a b=\"1\"", u"a b=[1] | "},
+        {u"<a b=\"1\" ", u"a b=[1] | error"},
+        {u"<a b=\"1\"/", u"a b=[1] | error"},
+        {u"<a name_beyond_any_buffer='a value that is too long for any buffer'/>",
+         u"a name_beyond_any_buffer=[a value that is too long for any buffer] | />"},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, readsTheTextBeforeTheFirstMarkup)
+{
+    static const parseRow rows[] = {
+        {u"<a></a>", u"a | "},
+        {u"<a>x</a>", u"a 'x' | "},
+        {u"<a>x > y</a>", u"a 'x > y' | "},
+        {u"<a>a text that is too long for any buffer</a>", u"a 'a text that is too long for any buffer' | "},
+        {u"<a>&lt;b&gt; &amp; &#x263;</a>", u"a '<b> & \u0263' | "},
+        {u"<a>x<b/>y</a>", u"a 'x' (b) | "},
+        {u"<a><b/>y</a>", u"a (b) | "},
+        {u"<a><!-- c -->x</a>", u"a | "},
+        {u"<a>x<!-- c -->y</a>", u"a 'x' | "},
+        {u"<a>x<?p?>y<b/></a>", u"a 'x' (b) | "},
+        {u"<a><![CDATA[x]]>y</a>", u"a | "},
+        {u"<a> <b/></a>", u"a (b) | "},
+        {u"<a>x< /a>", u"a 'x' | "},
+        {u"<a> < /a>", u"a | "},
+        {u"<a>x<", u"a 'x' | <"},
+        {u"<a><", u"a | <"},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, trimsByKeepWhitespace)
+{
+    static const struct {
+        const char16_t* text;
+        const char16_t* trimmed;
+        const char16_t* kept;
+    } rows[] = {
+        {u"<a>  </a>", u"", u"  "},
+        {u"<a>\n</a>", u"\n", u"\n"},
+        {u"<a> \n </a>", u"\n", u" \n "},
+        {u"<a>\t x y \t</a>", u"x y", u"\t x y \t"},
+        {u"<a>\v x \r</a>", u"\v x \r", u"\v x \r"},
+        // Before other markup leading white space of every kind goes in both cases.
+        {u"<a>\n  x\n  <b/></a>", u"x\n", u"x\n  "},
+        {u"<a> \v\f\r\tx \t<b/></a>", u"x", u"x \t"},
+        {u"<a> \n\t <b/></a>", u"", u""},
+        {u"<a>  x  < /a>", u"x", u"x  "},
+        // Blanks that come out of an entity are not trimmed.
+        {u"<a> &#x20;x&#x20; </a>", u" x ", u"  x  "},
+    };
+    for (const auto& row : rows) {
+        for (const bool keepWhitespace : {false, true}) {
+            const refptr<xmlNode> node = xmlNode::createNode(u"");
+            node->parseText(row.text, keepWhitespace, nullptr);
+            EXPECT_EQ(node->text, keepWhitespace ? row.kept : row.trimmed) << narrow(row.text) << keepWhitespace;
+        }
+    }
+}
+
+TEST(parseText, readsChildren)
+{
+    static const parseRow rows[] = {
+        {u"<a><b/><c></c><d>x</d></a>", u"a (b c d 'x') | "},
+        {u"<a><b><c><d/></c></b><e/></a>", u"a (b (c (d)) e) | "},
+        {u"<a> x <b y='1'>z</b> lost <c/> lost </a>", u"a 'x' (b y=[1] 'z' c) | "},
+        {u"<a><!-- 1 --><b/><?p?><!x><c/><!-- 2 --></a>", u"a (b c) | "},
+        {u"<a><!-- < --></a>", u"a | "},
+        {u"<a><a><a/></a></a>", u"a (a (a)) | "},
+        // A child without a name goes, with all that it holds.
+        {u"<a><></><b/></a>", u"a (b) | "},
+        {u"<a><><c/></><b/></a>", u"a (b) | "},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, acceptsClosingTags)
+{
+    static const parseRow rows[] = {
+        {u"<a></a>", u"a | "},
+        {u"<a></ \ta\r\n>", u"a | "},
+        {u"<a><b/></a>", u"a (b) | "},
+        {u"<a><b/>< / a >", u"a (b) | "},
+        {u"<a><b></b></a>", u"a (b) | "},
+        {u"<></>", u" | "},
+        {u"<>x</ >", u" 'x' | "},
+        {u"<><b/>< / >", u" (b) | "},
+    };
+    expectOutcomes(rows);
+}
+
+TEST(parseText, leavesWhatStandsBehindTheElement)
+{
+    static const parseRow rows[] = {
+        {u"<a/><b/>", u"a | /><b/>"},
+        {u"<a></a><b/>", u"a | <b/>"},
+        {u"<a><b/></a> x <!-- open", u"a (b) |  x <!-- open"},
+    };
+    expectOutcomes(rows);
+}
+
+// --- Errors --------------------------------------------------------------------------------
+
+TEST(parseText, refusesMalformedText)
+{
+    static const struct {
+        const char* what;
+        const char16_t* text;
+    } rows[] = {
+        {"the text ends behind <", u"<"},
+        {"the text ends behind < and blanks", u"< \n\t"},
+        {"the same inside an element", u"<a><b/><"},
+        {"the same inside an element, with blanks", u"<a>x< "},
+        {"the same inside a child", u"<a><b>x<"},
+        {"/ in a name without >", u"<a/b>"},
+        {"/ in a name at the end", u"<a/"},
+        {"/ in a name, then a blank", u"<a/ >"},
+        {"an attribute without =", u"<a b>"},
+        {"an attribute without =, at the end", u"<a b"},
+        {"a blank and the end of the text", u"<a "},
+        {"a blank behind a value and the end", u"<a b='1' "},
+        {"a value without quotes", u"<a b=1/>"},
+        {"a value that is missing", u"<a b="},
+        {"a value that is missing behind a blank", u"<a b= "},
+        {"a value that is not closed", u"<a b=\"1"},
+        {"a value closed by the other quote", u"<a b=\"1'/>"},
+        {"nothing behind an opening tag", u"<a>"},
+        {"no < behind an opening tag", u"<a>x"},
+        {"no < behind a nameless opening tag", u"<>"},
+        {"another first closing tag", u"<a></b>"},
+        {"the first closing tag in another case", u"<a></A>"},
+        {"the first closing tag is shorter", u"<ab></a>"},
+        {"the first closing tag without a name", u"<a></>"},
+        {"the text ends in the first closing tag", u"<a></"},
+        {"the first closing tag is not closed", u"<a></a"},
+        {"the first closing tag goes on", u"<a></ab>"},
+        {"the first closing tag has an attribute", u"<a></a b>"},
+        {"the content ends", u"<a><b/>"},
+        {"the content ends behind a text", u"<a><b></b>x"},
+        {"the content of a child ends", u"<a><b><c/></b>"},
+        {"another later closing tag", u"<a><b/></c>"},
+        {"a later closing tag in another case", u"<a><b/></A>"},
+        {"the text ends in a later closing tag", u"<a><b/></"},
+        {"a later closing tag is not closed", u"<a><b/></a"},
+        {"a later closing tag without a name", u"<a>< /><b/></a>"},
+        {"a later closing tag goes on", u"<a><b/></ab>"},
+        {"a child closed by the name of its parent", u"<a><b></a></b>"},
+        {"a child that the end of the text completes", u"<a><b"},
+    };
+    machine::renew();
+    for (const auto& row : rows) {
+        const refptr<xmlNode> node = xmlNode::createNode(u"");
+        try {
+            node->parseText(row.text, false, nullptr);
+            ADD_FAILURE() << row.what;
+        } catch (const unexpectedErrorException& thrown) {
+            EXPECT_EQ(string(thrown.m_message.getText()),
+                      u"Unexpected error occurred (xmlNode::parseText: invalid xml-format)")
+                << row.what;
+        }
+        EXPECT_TRUE(node->children.empty()) << row.what;
+    }
+}
+
+TEST(parseText, refusesANullText)
+{
+    machine::renew();
+    try {
+        xmlNode::createNode(u"")->parseText(nullptr, false, nullptr);
+        FAIL();
+    } catch (const unexpectedErrorException& thrown) {
+        EXPECT_EQ(string(thrown.m_message.getText()),
+                  u"Unexpected error occurred (xmlNode::parseText: NULL specified for pText)");
+    }
+}
+
+TEST(parseText, losesTheChildrenWhereTheTextEndsInAComment)
+{
+    static const parseRow rows[] = {
+        {u"<a><b/><!-- c -->", u"a | null"},
+        {u"<a><b/><!-- c", u"a | null"},
+        {u"<a><b/><?p", u"a | null"},
+        {u"<a x='1'>t<b/><c><d/><!-- c -->", u"a x=[1] 't' | null"},
+    };
+    expectOutcomes(rows);
+}
+
+// --- The node that is filled ---------------------------------------------------------------
+
+TEST(parseText, addsToTheNode)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"before");
+    node->text = u"old";
+    node->setAttribute(u"x", u"1");
+    const refptr<xmlNode> first = node->addChild(u"first");
+    EXPECT_EQ(outcomeOf(*node, u"<a y='2'><b/></a>", false), u"a x=[1] y=[2] 'old' (first b) | ");
+    EXPECT_TRUE(node->children.front() == first);
+    EXPECT_EQ(outcomeOf(*node, u"<c></c>", false), u"c x=[1] y=[2] (first b) | ");
+}
+
+TEST(parseText, keepsTheOldChildrenWhereTheNewOnesAreLost)
+{
+    machine::renew();
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    node->addChild(u"old");
+    EXPECT_EQ(outcomeOf(*node, u"<a><b/><!-- c -->", false), u"a (old) | null");
+    EXPECT_EQ(outcomeOf(*node, u"<a><b/>", false), u"a (old) | error");
+    EXPECT_EQ(outcomeOf(*node, u"<a><b/></a>", false), u"a (old b) | ");
+}
+
+TEST(parseText, keepsNameAndTextWhereNothingIsFound)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"name");
+    node->text = u"text";
+    EXPECT_EQ(outcomeOf(*node, u"no tag", false), u"name 'text' | null");
+    EXPECT_EQ(outcomeOf(*node, u"</x>", false), u"name 'text' | </x>");
+}
+
+TEST(parseText, takesABufferAndDoesNotNeedIt)
+{
+    char16_t scratch[512] = {};
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    string outcome;
+    node->parseText(u"<a b='1'>t<c/></a>", false, scratch);
+    describe(*node, outcome);
+    EXPECT_EQ(outcome, u"a b=[1] 't' (c)");
+}
+
+TEST(parseText, leavesNoSpareRoomInFinishedNodes)
+{
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    node->parseText(u"<a b='1' c='2' d='3'><e/><f/><g>a text with &lt; and &gt;</g></a>", false, nullptr);
+    EXPECT_EQ(node->children.capacity(), 3u);
+    EXPECT_EQ(node->attributes.capacity(), 3u);
+    const string& text = node->children[2]->text;
+    EXPECT_EQ(text, u"a text with < and >");
+    EXPECT_EQ(text.capacity(), text.size());
+    EXPECT_EQ(node->children[0]->children.capacity(), 0u);
+}
+
+TEST(parseText, goesAsDeepAsTheTextDoes)
+{
+    constexpr std::size_t depth = 1000000;
+    string text;
+    for (std::size_t level = 0; level < depth; ++level) text.append(u"<a>");
+    const string opened(text);
+    for (std::size_t level = 0; level < depth; ++level) text.append(u"</a>");
+
+    refptr<xmlNode> node = xmlNode::createNode(u"");
+    EXPECT_EQ(*node->parseText(text.c_str(), false, nullptr), u'\0');
+    std::size_t levels = 1;
+    for (const xmlNode* each = node.get(); !each->children.empty(); each = each->children[0].get()) ++levels;
+    EXPECT_EQ(levels, depth);
+
+    // Cut off on the way, by an error and by a comment.
+    machine::renew();
+    node = xmlNode::createNode(u"");
+    EXPECT_THROW(node->parseText(opened.c_str(), false, nullptr), unexpectedErrorException);
+    EXPECT_EQ(node->parseText((opened + u"<!-- c").c_str(), false, nullptr), nullptr);
+    EXPECT_TRUE(node->children.empty());
+}
+
+TEST(parseText, readsAMillionChildren)
+{
+    constexpr std::size_t count = 1000000;
+    string text(u"<a>");
+    for (std::size_t i = 0; i < count; ++i) text.append(u"<b/>");
+    text.append(u"</a>");
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    node->parseText(text.c_str(), false, nullptr);
+    EXPECT_EQ(node->children.size(), count);
+    EXPECT_EQ(node->children.capacity(), count);
+}
+
+TEST(parseText, agreesWithASlowReaderOnRandomText)
+{
+    constexpr unsigned seed = 5;
+    static const std::vector<string> pieces = {
+        u"<",  u">",  u"/",    u"</",  u"/>",     u"a",     u"b",      u"<a>",      u"</a>",  u"<b>", u"</b>", u"<a/>",
+        u" ",  u"\n", u"=",    u"\"",  u"'",      u"x='1'", u"<!",     u"<!-- -->", u"<?p?>", u"-->", u"?>",   u"<!--",
+        u"<?", u"\t", u"&lt;", u"t u", u"<a x='", u"< a >", u"</ b >", u"< / a>",   u"<>",    u"</>",
+    };
+    machine::renew();
+    std::mt19937 random(seed);
+    for (int i = 0; i < 30000; ++i) {
+        const string text = randomText(random, pieces, 20);
+        const bool keepWhitespace = random() % 2 == 0;
+        ASSERT_EQ(outcomeOf(text, keepWhitespace), slowOutcomeOf(text, keepWhitespace))
+            << "seed " << seed << ", text " << narrow(text);
+    }
+}
+
+// --- Entities ------------------------------------------------------------------------------
+
+TEST(decodeEntities, decodesNamedAndNumericEntities)
+{
+    static const struct {
+        const char16_t* text;
+        const char16_t* expected;
+    } rows[] = {
+        {u"", u""},
+        {u"plain", u"plain"},
+        {u"&amp;", u"&"},
+        {u"&apos;&quot;&lt;&gt;", u"'\"<>"},
+        {u"a&lt;b&gt;c", u"a<b>c"},
+        // All levels collapse.
+        {u"&amp;lt;", u"<"},
+        {u"&amp;amp;", u"&"},
+        {u"&amp;amp;amp;quot;", u"\""},
+        {u"&amp;amp;lt&amp;gt;", u"&lt>"},
+        {u"&a&amp;mp;", u"&a&mp;"},
+        {u"&&lt;", u"&<"},
+        {u"&&amp;lt;", u"&<"},
+        // Other entities stay.
+        {u"&foo;", u"&foo;"},
+        {u"&#65;", u"&#65;"},
+        {u"&LT;", u"&LT;"},
+        {u"&lt", u"&lt"},
+        {u"& lt;", u"& lt;"},
+        {u"&", u"&"},
+        {u"#x41;", u"#x41;"},
+        {u"&#X41;", u"&#X41;"},
+        // One to three digits.
+        {u"&#x9;", u"\t"},
+        {u"&#x41;", u"A"},
+        {u"&#x3b1;&#x3B1;", u"\u03b1\u03b1"},
+        {u"&#xfff;", u"\u0fff"},
+        // The ";" is looked for from the far end.
+        {u"&#x4;1;", u"\x04"},
+        {u"&#x4;1x;", u"\x04"
+                      u"1x;"},
+        {u"&#x41;;", u"A"},
+        {u"&#x4;;;", u"\x04"},
+        {u"&#x4; &#x4;1;", u"\x04 \x04"
+                           u"1;"},
+        // Digits are read up to the first that is none.
+        {u"&#x4G;", u"\x04"},
+        {u"&#x 4;", u"\x04"},
+        {u"&#x+41;", u"A"},
+        {u"&#x-1;", u"\uffff"},
+        {u"&#x-41;", u"\uffbf"},
+        {u"&#x0x4;", u"\x04"},
+        // A value of 0 goes without a trace.
+        {u"a&#x0;b", u"ab"},
+        {u"a&#x000;b", u"ab"},
+        {u"a&#xg;b", u"ab"},
+        {u"a&#x0x;b", u"ab"},
+        {u"&#x0;", u""},
+        // References make new ones.
+        {u"&#x26;lt;", u"<"},
+        {u"&#x26;#x41;", u"A"},
+        {u"&amp;#x41;", u"A"},
+        {u"&#&#x78;41;", u"A"},
+        {u"&&#x23;x41;", u"A"},
+        {u"&&#x0;#x41;", u"A"},
+        {u"&#&#x0;x41;", u"A"},
+        {u"&a&#x6d;p;lt;", u"<"},
+        {u"&#x26;amp;#x26;lt;", u"<"},
+    };
+    for (const auto& row : rows) EXPECT_EQ(decoded(row.text), row.expected) << narrow(row.text);
+}
+
+TEST(decodeEntities, handlesZeroUnits)
+{
+    EXPECT_EQ(decoded(string(u"\0&lt;\0", 6)), string(u"\0<\0", 3));
+    EXPECT_EQ(decoded(string(u"&#x4\0;&lt;", 10)), string(u"\x04<"));
+}
+
+TEST(decodeEntities, agreesWithSlowPassesOnRandomText)
+{
+    constexpr unsigned seed = 7;
+    static const std::vector<string> pieces = {
+        u"&",     u"#",   u"x",    u";",     u"&#x",    u"&#x2;",  u"4",      u"1",      u"26",     u"0",
+        u"amp;",  u"lt;", u"&lt;", u"&amp;", u"&quot;", u"&#x41;", u"&#x26;", u"&#x23;", u"&#x78;", u"&#x3b;",
+        u"&#x0;", u"gt;", u"a",    u"m",     u"p",      u"l",      u"t",      u" ",      u"-",
+    };
+    std::mt19937 random(seed);
+    int ended = 0;
+    for (int i = 0; i < 200000; ++i) {
+        const string text = randomText(random, pieces, 12);
+        const std::optional<string> expected = slowDecoded(text);
+        if (!expected) continue;
+        ++ended;
+        ASSERT_EQ(decoded(text), *expected) << "seed " << seed << ", text " << narrow(text);
+    }
+    EXPECT_GT(ended, 50000);
+}
+
+TEST(decodeEntitiesDeathTest, neverEndsOnAReferenceThatNothingCloses)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    constexpr int stillSearching = 7;
+    for (const char16_t* const text : {u"&#x1234;", u"&#x;", u"&#x", u"&#x41", u"&#x41;&#x", u"&amp;#x&lt;"}) {
+        const auto decodeWatched = [text] {
+            std::thread([] {
+                std::this_thread::sleep_for(std::chrono::milliseconds(100));
+                std::_Exit(stillSearching);
+            }).detach();
+            decoded(text);
+            std::_Exit(0);
+        };
+        EXPECT_EXIT(decodeWatched(), testing::ExitedWithCode(stillSearching), "") << narrow(text);
+    }
+}
