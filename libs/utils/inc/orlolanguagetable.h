@@ -14,6 +14,7 @@ public:
     using listener = void (*)(const char16_t* oldLanguage, const char16_t* newLanguage);
 
     static languageTable& instance();
+    ~languageTable() = delete;
 
     // The language from now on, taken as written. Listeners are told of a change, under the
     // lock. No file is read.
@@ -33,7 +34,6 @@ public:
 private:
     struct record;
     languageTable();
-    ~languageTable() = delete;
     record& checked() const;
 
     record* m_record; // null where no memory was left: every call throws the plain bool false

@@ -109,7 +109,7 @@ languageTable& languageTable::instance()
 {
     // In memory of its own, since it must outlive everything that may still ask for a text.
     alignas(languageTable) static std::byte memory[sizeof(languageTable)];
-    static languageTable* const table = new (memory) languageTable;
+    static auto* const table = new (memory) languageTable;
     return *table;
 }
 

@@ -226,7 +226,7 @@ string pathExtension(const string& path, std::uint32_t flags)
 {
     const pathParts parts = partsOf(path, flags);
     if ((flags & withName) == 0) return parts.extension;
-    const string fullName = parts.name + dotted(parts.extension);
+    string fullName = parts.name + dotted(parts.extension);
     if ((flags & withDirectory) == 0) return fullName;
     return ((flags & withRoot) != 0 ? parts.root : string()) + parts.directory + fullName;
 }

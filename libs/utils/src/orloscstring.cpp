@@ -32,7 +32,7 @@ struct textPool {
 
 textPool& textPool::instance()
 {
-    static textPool* const shared = new (std::nothrow) textPool;
+    static auto* const shared = new (std::nothrow) textPool;
     if (!shared) throw false;
     return *shared;
 }

@@ -469,7 +469,7 @@ bool scanUnsigned(const char16_t* text, Target& value)
     if (readWhole(text, 10, number) == nullptr) return false;
     constexpr Target most = std::numeric_limits<Target>::max();
     const bool fits = !number.tooLarge && number.magnitude <= most;
-    const Target magnitude = static_cast<Target>(number.magnitude);
+    const auto magnitude = static_cast<Target>(number.magnitude);
     if (fits) {
         value = number.negative ? static_cast<Target>(0 - magnitude) : magnitude;
     } else {

@@ -1,10 +1,10 @@
 #include "platform/platform.h"
 #include "platform/posix/nativetext.h"
 
+#include <clocale>
 #include <cstdlib>
 #include <cstring>
 #include <langinfo.h>
-#include <locale.h>
 
 namespace orlo::platform {
 
