@@ -6,6 +6,8 @@
 
 #include <cstdint>
 #include <map>
+#include <optional>
+#include <string>
 #include <vector>
 
 namespace orlo {
@@ -52,6 +54,7 @@ private:
     [[nodiscard]] bool needsLoad() const;
     bool load();
     bool loadEntries();
+    std::optional<std::u16string> takeText();
     void loadOverride();
     void applyCommands(entryMap& entries) const;
 
@@ -64,6 +67,8 @@ private:
     std::vector<string> m_commands;
     entryMap m_entries;
     std::int64_t m_fileTime = 0;
+    std::optional<std::u16string> m_unloaded; // the text, from the include lines to the first load
+    std::int64_t m_unloadedTime = 0;
 };
 
 } // namespace orlo

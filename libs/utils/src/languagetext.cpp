@@ -4,6 +4,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <utility>
 
 namespace orlo {
 
@@ -62,7 +63,7 @@ void joinLineEnds(std::u16string& text)
 
 } // namespace
 
-std::optional<std::u16string> readLanguageText(const file& source)
+std::optional<languageText> readLanguageText(const file& source)
 {
     fileStatus status;
     if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return std::nullopt;
@@ -75,7 +76,7 @@ std::optional<std::u16string> readLanguageText(const file& source)
     } const closing{handle};
     std::u16string text = decodeByMark(readBytes(handle, static_cast<std::size_t>(status.size)));
     joinLineEnds(text);
-    return text;
+    return languageText{std::move(text), status.modificationTime};
 }
 
 bool lineReader::next(std::u16string_view& line)

@@ -3,6 +3,7 @@
 
 #include "orlofile.h"
 
+#include <cstdint>
 #include <optional>
 #include <string>
 #include <string_view>
@@ -12,7 +13,11 @@ namespace orlo {
 // The decoded content of a file: FF FE in front means UTF-16 (least byte first), EF BB BF
 // UTF-8, anything else the platform's rule for files without a mark. A carriage return in
 // front of a line feed is dropped. No value if the file does not exist or can't be opened.
-std::optional<std::u16string> readLanguageText(const file& source);
+struct languageText {
+    std::u16string units;
+    std::int64_t modificationTime; // of the file, before it was read
+};
+std::optional<languageText> readLanguageText(const file& source);
 
 // Walks through the lines of a text. A line ends behind its line feed, or after 1,023 units:
 // a longer one comes in pieces, each a line of its own. What follows a zero unit in a line is

@@ -39,12 +39,11 @@ bool parseInclude(view line, string& name)
     return true;
 }
 
-std::vector<string> includeNames(const file& source)
+std::vector<string> includeNames(view text)
 {
     std::vector<string> names;
-    const auto text = readLanguageText(source);
-    if (!text || text->find(includeMark) == text->npos) return names;
-    lineReader lines(*text);
+    if (text.find(includeMark) == text.npos) return names;
+    lineReader lines(text);
     string name;
     for (view line; lines.next(line);)
         if (parseInclude(line, name)) names.push_back(name);
@@ -252,8 +251,13 @@ void locFile::readIncludes(const includePath* outer)
         while (step && step->source.path() != included.path()) step = step->outer;
         return step != nullptr;
     };
+    std::optional<languageText> read = readLanguageText(*this);
+    if (!read) return;
+    m_unloadedTime = read->modificationTime;
+    m_unloaded = std::move(read->units);
+
     std::set<string> seen;
-    for (const string& name : includeNames(*this)) {
+    for (const string& name : includeNames(*m_unloaded)) {
         const file included(pathDirectory(path()), name);
         if (!included.exists() || !included.isReadable() || isOnTheWay(included)) continue;
         if (seen.insert(included.path().lowerCopy()).second) m_includes.push_back(locFile(included, &here));
@@ -278,12 +282,23 @@ bool locFile::load()
     return loaded;
 }
 
+// What was read for the include lines serves the first load too, unless the file has changed
+// since.
+std::optional<std::u16string> locFile::takeText()
+{
+    std::optional<std::u16string> kept = std::exchange(m_unloaded, std::nullopt);
+    if (kept && m_unloadedTime == m_fileTime) return kept;
+    std::optional<languageText> read = readLanguageText(*this);
+    if (!read) return std::nullopt;
+    return std::move(read->units);
+}
+
 // The commands of earlier loads stay, so that a file that has changed holds its commands
 // twice.
 bool locFile::loadEntries()
 {
     try {
-        auto text = readLanguageText(*this);
+        std::optional<std::u16string> text = takeText();
         if (!text) return false;
         readCommands(*text, m_commands);
         readEntries(*text, m_entries);
