@@ -207,6 +207,19 @@ TEST_F(languageFile, keepsTheFirstEntryOfAKey)
     });
 }
 
+TEST_F(languageFile, keepsTheFirstEntryOfEachOfManyKeys)
+{
+    constexpr int keys = 20;
+    const auto keyAt = [](int line) { return u"key" + string(std::to_string(line * 7 % keys).c_str()); };
+    string content;
+    for (int line = 0; line < 20 * keys; ++line)
+        content.append(keyAt(line)).append(u" ").append(string(std::to_string(line).c_str())).append(u"\n");
+    addLanguageFile(mainPath, content);
+    locFile from{file(mainPath)};
+    for (int line = 0; line < keys; ++line)
+        EXPECT_EQ(textOf(from, keyAt(line).c_str()), string(std::to_string(line).c_str()));
+}
+
 TEST_F(languageFile, hasAnIncludeLineAsAnEntryToo)
 {
     expectTexts({{u"#include more.loc\n", u"#include", u"more.loc"}});
@@ -302,6 +315,10 @@ TEST_F(languageFile, seesNothingBehindAZeroInALine)
     EXPECT_EQ(textInBytes(bytes, u"key"), string(u"a"));
     EXPECT_EQ(textInBytes(bytes, u"lost"), string(u"<none>"));
     EXPECT_EQ(textInBytes(bytes, u"next"), string(u"c"));
+    const std::string comment("key a;b\0;c\n", 12);
+    EXPECT_EQ(textInBytes(comment, u"key"), string(u"a"));
+    const std::string mark("key a\0\\\nnext b\n", 15);
+    EXPECT_EQ(textInBytes(mark, u"next"), string(u"b"));
 }
 
 // --- look-up ---------------------------------------------------------------------------------
@@ -345,8 +362,19 @@ TEST_F(languageFile, readsNoEntriesBeforeTheFirstLookUp)
 {
     addLanguageFile(mainPath, u"key old\n");
     locFile from{file(mainPath)};
-    rewriteUnseen(mainPath, "key new\n");
+    addLanguageFile(mainPath, u"key new\n");
     EXPECT_EQ(textOf(from, u"key"), string(u"new"));
+}
+
+// The text that was read for the include lines serves the first load.
+TEST_F(languageFile, isReadOnceUpToItsFirstText)
+{
+    addLanguageFile(mainPath, u"#include more.loc\nkey value\n");
+    addLanguageFile(morePath, u"other text\n");
+    locFile from{file(mainPath)};
+    EXPECT_EQ(textOf(from, u"key"), string(u"value"));
+    EXPECT_EQ(textOf(from, u"other"), string(u"text"));
+    EXPECT_EQ(here.countCalls("openFile"), 2U);
 }
 
 TEST_F(languageFile, isReadAgainOnlyWhenItsTimeHasChanged)
@@ -434,8 +462,9 @@ TEST_F(languageFile, isClosedAfterReading)
 
 TEST_F(languageFile, hasNothingWhenItCannotBeOpened)
 {
-    addLanguageFile(mainPath, u"key value\n");
+    addLanguageFile(mainPath, u"key old\n");
     locFile from{file(mainPath)};
+    addLanguageFile(mainPath, u"key value\n");
     here.failCall("openFile", 1);
     EXPECT_EQ(textOf(from, u"key"), string(u"<none>"));
     EXPECT_EQ(textOf(from, u"key"), string(u"value")) << "the next look-up tries again";
@@ -443,8 +472,9 @@ TEST_F(languageFile, hasNothingWhenItCannotBeOpened)
 
 TEST_F(languageFile, hasNothingWhenItCannotBeRead)
 {
-    addLanguageFile(mainPath, u"key value\n");
+    addLanguageFile(mainPath, u"key old\n");
     locFile from{file(mainPath)};
+    addLanguageFile(mainPath, u"key value\n");
     here.failCall("readFile", 1);
     EXPECT_EQ(textOf(from, u"key"), string(u"<none>"));
     EXPECT_EQ(here.openHandles(), 0U);
@@ -453,9 +483,9 @@ TEST_F(languageFile, hasNothingWhenItCannotBeRead)
 TEST_F(languageFile, keepsWhatWasReadBeforeAFailure)
 {
     addLanguageFile(mainPath, u"key value\nother " + string(std::u16string(200, u'x')) + u"\n");
-    locFile from{file(mainPath)};
     here.shortTransfers = true;
     here.failCall("readFile", 1);
+    locFile from{file(mainPath)};
     EXPECT_EQ(textOf(from, u"key"), string(u"value"));
 }
 
@@ -466,6 +496,7 @@ TEST_F(languageFile, findsTheNameInAnIncludeLine)
     addLanguageFile(u"C:\\lang\\more.loc", u"key more\n");
     addLanguageFile(u"C:\\lang\\sub\\more.loc", u"key sub\n");
     addLanguageFile(u"C:\\lang\\two words.loc", u"key words\n");
+    addLanguageFile(u"C:\\lang\\more;or less.loc", u"key or less\n");
     addLanguageFile(u"C:\\lang\\de x", u"key de x\n");
     addLanguageFile(u"C:\\up.loc", u"key up\n");
     expectTexts({
@@ -474,6 +505,7 @@ TEST_F(languageFile, findsTheNameInAnIncludeLine)
         {u" \t#include \t more.loc \t\r\n", u"key", u"more"},
         {u"#includemore.loc\n", u"key", u"more"},
         {u"#include more.loc ; note\n", u"key", u"more"},
+        {u"#include more;or less.loc ; note\n", u"key", u"or less"},
         {u"#include two words.loc\n", u"key", u"words"},
         {u"#include sub/more.loc\n", u"key", u"sub"},
         {u"#include sub\\more.loc\n", u"key", u"sub"},

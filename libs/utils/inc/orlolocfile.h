@@ -5,6 +5,7 @@
 #include "orlostringtemplate.h"
 
 #include <cstdint>
+#include <forward_list>
 #include <map>
 #include <optional>
 #include <string>
@@ -31,6 +32,7 @@ public:
     locFile& operator=(const locFile& other);
     locFile(locFile&&) = default;
     locFile& operator=(locFile&&) = default;
+    ~locFile();
 
     // The text of a key, here or in an included file; false, with `text` as it was, if there
     // is none. Blanks around the key do not count.
@@ -40,16 +42,18 @@ public:
 
 private:
     using entryMap = std::map<string, string>;
-    // The files on the way from the first one to an included one, innermost first.
-    struct includePath {
-        const file& source;
-        const includePath* outer;
+    // A file and all that it includes, on whatever way, in one list.
+    struct member {
+        locFile* source;
+        std::size_t outer; // index of the file that names this one
     };
+    using family = std::vector<member>;
     enum class includes { skip };
+    enum class finding { found, missing, unreadable };
 
-    locFile(const file& source, const includePath* outer);
     locFile(const file& source, includes);
-    void readIncludes(const includePath* outer);
+    void readIncludes();
+    void readOwnIncludes(family& files, std::size_t self);
 
     [[nodiscard]] bool needsLoad() const;
     bool load();
@@ -58,10 +62,10 @@ private:
     void loadOverride();
     void applyCommands(entryMap& entries) const;
 
-    bool search(string key, stringTemplate& text);
+    finding search(string& key, stringTemplate& text);
     bool searchIncludes(const string& key, stringTemplate& text);
 
-    std::vector<locFile> m_includes;
+    std::forward_list<locFile> m_includes;
     file m_overrideFile;
     std::int64_t m_overrideTime = 0;
     std::vector<string> m_commands;

@@ -11,6 +11,7 @@
 #include <cstddef>
 #include <new>
 #include <set>
+#include <utility>
 
 namespace orlo {
 
@@ -99,10 +100,11 @@ locFile& languageTable::record::cached(const file& found)
     const auto known = std::find_if(m_cache.begin(), m_cache.end(),
                                     [&](const locFile& entry) { return equalPaths(entry.path(), found.path()); });
     if (known != m_cache.end()) return *known;
-    locFile& added = m_cache.emplace_back(found);
+    // Complete before it is kept: an entry gets its override file but once.
+    locFile added(found);
     if (!m_overridePrefix.empty())
         added.setOverrideFile(file(pathDirectory(found.path()), m_overridePrefix + u"_" + pathName(found.path())));
-    return added;
+    return m_cache.emplace_back(std::move(added));
 }
 
 languageTable& languageTable::instance()
@@ -125,11 +127,12 @@ void languageTable::setLanguage(const char16_t* language)
 {
     record& state = checked();
     const mutexLock held(&state.m_mutex);
+    // Copies, since a listener may change both the language and the listeners. Nothing has
+    // changed until all are made.
     const string current(language);
-    const string old = std::exchange(state.m_language, current);
-    if (old == current) return;
-    // Copies, since a listener may change both the language and the listeners.
     const std::set<listener> told = state.m_listeners;
+    const string old = std::exchange(state.m_language, string(current));
+    if (old == current) return;
     for (const listener listen : told) listen(old.c_str(), current.c_str());
 }
 

@@ -7,6 +7,7 @@
 #include "orlopath.h"
 
 #include <algorithm>
+#include <cstddef>
 #include <set>
 #include <type_traits>
 #include <utility>
@@ -205,16 +206,22 @@ void readEntries(std::u16string& text, std::map<string, string>& entries)
         entries.emplace_hint(entries.end(), string(next->key), string(next->value));
 }
 
+// Blanks around a key don't count.
+string trimmedKey(view key)
+{
+    return string(trimmedLineEnd(trimmedLeft(key, blanks)));
+}
+
 } // namespace
 
 locFile::locFile(const file& source) : file(source)
 {
-    readIncludes(nullptr);
+    readIncludes();
 }
 
 locFile::locFile(const locFile& other) : file(other), m_overrideFile(other.m_overrideFile)
 {
-    readIncludes(nullptr);
+    readIncludes();
 }
 
 locFile& locFile::operator=(const locFile& other)
@@ -222,16 +229,25 @@ locFile& locFile::operator=(const locFile& other)
     return *this = locFile(other);
 }
 
-locFile::locFile(const file& source, const includePath* outer) : file(source)
+// A chain of includes may be longer than the call stack, so the files below do not die inside
+// each other.
+locFile::~locFile()
 {
-    readIncludes(outer);
+    std::forward_list<locFile> doomed = std::move(m_includes);
+    while (!doomed.empty()) {
+        std::forward_list<locFile> below = std::move(doomed.front().m_includes);
+        doomed.pop_front();
+        doomed.splice_after(doomed.before_begin(), below);
+    }
 }
 
 locFile::locFile(const file& source, includes) : file(source) {}
 
 bool locFile::lookup(const char16_t* key, stringTemplate& text)
 {
-    return search(string(trimmedLineEnd(trimmedLeft(key, blanks))), text);
+    string sought = trimmedKey(key);
+    const finding own = search(sought, text);
+    return own == finding::found || (own == finding::missing && searchIncludes(sought, text));
 }
 
 void locFile::setOverrideFile(const file& overrideFile)
@@ -240,16 +256,23 @@ void locFile::setOverrideFile(const file& overrideFile)
     m_entries.clear();
 }
 
+// Files are read one after the other, each behind the one that names it: a long chain of them
+// needs no deep call stack.
+void locFile::readIncludes()
+{
+    family files{{this, 0}};
+    for (std::size_t next = 0; next < files.size(); ++next) files[next].source->readOwnIncludes(files, next);
+}
+
 // Each file names an included one once, whatever the files around it have named already: a
 // text of this file may point to one of the included, so it must be found from here. What
 // stops is the circle.
-void locFile::readIncludes(const includePath* outer)
+void locFile::readOwnIncludes(family& files, std::size_t self)
 {
-    const includePath here{*this, outer};
-    const auto isOnTheWay = [&here](const file& included) {
-        const includePath* step = &here;
-        while (step && step->source.path() != included.path()) step = step->outer;
-        return step != nullptr;
+    const auto isOnTheWay = [&files, self](const file& included) {
+        std::size_t step = self;
+        while (step != 0 && files[step].source->path() != included.path()) step = files[step].outer;
+        return files[step].source->path() == included.path();
     };
     std::optional<languageText> read = readLanguageText(*this);
     if (!read) return;
@@ -257,10 +280,13 @@ void locFile::readIncludes(const includePath* outer)
     m_unloaded = std::move(read->units);
 
     std::set<string> seen;
+    auto last = m_includes.before_begin();
     for (const string& name : includeNames(*m_unloaded)) {
         const file included(pathDirectory(path()), name);
         if (!included.exists() || !included.isReadable() || isOnTheWay(included)) continue;
-        if (seen.insert(included.path().lowerCopy()).second) m_includes.push_back(locFile(included, &here));
+        if (!seen.insert(included.path().lowerCopy()).second) continue;
+        last = m_includes.insert_after(last, locFile(included, includes::skip));
+        files.push_back({&*last, self});
     }
 }
 
@@ -277,8 +303,13 @@ bool locFile::load()
     m_fileTime = modificationTime();
     m_entries.clear();
     const bool loaded = loadEntries();
-    applyCommands(m_entries);
-    loadOverride();
+    try {
+        applyCommands(m_entries);
+        loadOverride();
+    } catch (...) {
+        m_entries.clear(); // so that the next look-up does not take the half for the whole
+        throw;
+    }
     return loaded;
 }
 
@@ -329,29 +360,49 @@ void locFile::applyCommands(entryMap& entries) const
     }
 }
 
-// Follows aliases within this file. A value that would close a circle is itself the text.
-bool locFile::search(string key, stringTemplate& text)
+// Follows aliases within this file, and leaves in `key` the last one that was sought. A value
+// that would close a circle is itself the text.
+locFile::finding locFile::search(string& key, stringTemplate& text)
 {
     std::set<string> walked;
     while (true) {
-        if (needsLoad() && !load()) return false;
+        if (needsLoad() && !load()) return finding::unreadable;
         const auto entry = m_entries.find(key);
-        if (entry == m_entries.end()) return searchIncludes(key, text);
+        if (entry == m_entries.end()) return finding::missing;
         const string& value = entry->second;
         const bool alias = value.starts_with(aliasMark);
         if (alias) walked.insert(std::move(key));
         if (!alias || walked.count(value.substr(aliasMark.size())) > 0) {
             text.setText(value.c_str());
-            return true;
+            return finding::found;
         }
         key = value.substr(aliasMark.size());
     }
 }
 
+// Each included file is asked with the key to which the aliases around it have led, and those
+// that it includes before the next one.
 bool locFile::searchIncludes(const string& key, stringTemplate& text)
 {
-    return std::any_of(m_includes.begin(), m_includes.end(),
-                       [&](locFile& included) { return included.lookup(key.c_str(), text); });
+    struct question {
+        locFile* asked;
+        string key;
+    };
+    std::vector<question> open; // the next one stands last
+    const auto askBelow = [&open](locFile& outer, const string& sought) {
+        const auto first = static_cast<std::ptrdiff_t>(open.size());
+        for (locFile& included : outer.m_includes) open.push_back({&included, trimmedKey(sought)});
+        std::reverse(open.begin() + first, open.end());
+    };
+    askBelow(*this, key);
+    while (!open.empty()) {
+        question next = std::move(open.back());
+        open.pop_back();
+        const finding found = next.asked->search(next.key, text);
+        if (found == finding::found) return true;
+        if (found == finding::missing) askBelow(*next.asked, next.key);
+    }
+    return false;
 }
 
 } // namespace orlo
