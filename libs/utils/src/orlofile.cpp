@@ -76,9 +76,9 @@ bool file::remove() const
 bool file::rename(const string& newName)
 {
     if (m_path.empty()) return false;
-    const file target(combinePath(pathDirectory(m_path), newName, false));
+    file target(combinePath(pathDirectory(m_path), newName, false));
     if (target.exists() || !platform::renameEntry(m_path, target.m_path)) return false;
-    *this = target;
+    *this = std::move(target); // the file has moved, so this must not fail
     return true;
 }
 

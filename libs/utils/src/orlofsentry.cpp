@@ -3,6 +3,8 @@
 #include "orlopath.h"
 #include "platform/platform.h"
 
+#include <utility>
+
 namespace orlo {
 
 fsEntry::fsEntry(const string& path, const string& second, bool trailing)
@@ -17,8 +19,9 @@ fsEntry::fsEntry(joining, const string& base, const string& name, bool trailing)
 
 void fsEntry::setPath(const string& newPath)
 {
-    m_path = newPath;
-    if (m_trailingSeparator) ensureTrailingSeparator(m_path);
+    string complete = newPath;
+    if (m_trailingSeparator) ensureTrailingSeparator(complete);
+    m_path = std::move(complete);
 }
 
 bool fsEntry::exists() const
