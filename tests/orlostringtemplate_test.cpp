@@ -607,6 +607,8 @@ TEST(stringTemplate, leavesAPlaceOpenForAnIntWhoseTextIsEmpty)
         // More than 15 units never become a conversion, and there is no room for "%s" either.
         {u"<<[x:%000000000000005d]>>", u"<<[x:%000000000000005d]>>", u"<<[x:%000000000000005d]>>", u"<<>>"},
         {u"<<%000000000000005d>>", u"<<%000000000000005d>>", u"<<%000000000000005d>>", u"<<%000000000000005d>>"},
+        // Conversions without their letters are collected one behind the other, to the end of the text each.
+        {u"[x:%1 %2 %3 %4]", u"[x:%1 %2 %3 %4]", u"[x:%1 %2 %3 %4]", u""},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(filled(row.text, 5, u"x"), row.afterInt) << orlo::narrow(row.text);

@@ -250,13 +250,15 @@ bool stringTemplate::readPlace(std::size_t at, std::u16string_view name, place& 
 
 void stringTemplate::findConversion(conversionSpec& spec, place& found, bool placeFound) const
 {
-    for (std::size_t at = found.position; at + 1 < found.end; ++at) {
+    const std::size_t last = found.end;
+    for (std::size_t at = found.position; at + 1 < last && !spec.isComplete(); ++at) {
         // Of "%%d" the second percent sign begins a conversion: a percent sign can't be escaped.
         if (m_text[at] != u'%' || m_text[at + 1] == u'%') continue;
+        // A conversion without its letter stays in the spec, and takes room from what follows.
+        const std::size_t reach = std::min(m_text.size(), at + conversionSpec::maxLength);
         std::size_t end = at;
-        while (end < m_text.size() && !spec.isComplete()) spec.addChar(m_text[end++]);
+        while (end < reach && !spec.isComplete()) spec.addChar(m_text[end++]);
         if (spec.isComplete() && !placeFound) found = {at, end};
-        return;
     }
 }
 
