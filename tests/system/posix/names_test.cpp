@@ -184,6 +184,22 @@ TEST_F(namesTest, ofLinksTellWhatTheyLeadTo)
     }
 }
 
+TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
+{
+    makeFolder("folder");
+    put("file", "kept");
+    std::filesystem::create_symlink("folder", native("to-folder"));
+    std::filesystem::create_symlink("file", native("to-file"));
+    std::filesystem::create_symlink("missing", native("to-nothing"));
+    EXPECT_FALSE(platform::removeFile(path("to-folder")));
+    EXPECT_TRUE(isThere("to-folder"));
+    EXPECT_TRUE(platform::removeFile(path("to-file")));
+    EXPECT_FALSE(isThere("to-file"));
+    EXPECT_EQ(content("file"), "kept");
+    EXPECT_TRUE(platform::removeFile(path("to-nothing")));
+    EXPECT_FALSE(isThere("to-nothing"));
+}
+
 TEST_F(patternTest, letsAQuestionMarkStandForNothingBeforeADotAndAtTheEnd)
 {
     for (const char* name : {"a", "ab", "abc", "a.txt", "ab.txt", "abc.txt", "a.b.txt"}) put(name, "");

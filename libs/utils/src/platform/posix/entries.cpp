@@ -29,6 +29,13 @@ bool isThere(const std::string& path)
     return ::lstat(path.c_str(), &found) == 0;
 }
 
+// A link to a directory counts as one.
+bool isDirectory(const std::string& path)
+{
+    struct stat found;
+    return ::stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
+}
+
 // For file systems that can't refuse an existing target themselves.
 bool renameIfFree(const std::string& from, const std::string& to)
 {
@@ -65,7 +72,8 @@ bool createFile(const string& path, std::uint32_t permission)
 
 bool removeFile(const string& path)
 {
-    return ::unlink(nativePath(path).c_str()) == 0;
+    const std::string native = nativePath(path);
+    return !isDirectory(native) && ::unlink(native.c_str()) == 0;
 }
 
 bool renameEntry(const string& from, const string& to)
