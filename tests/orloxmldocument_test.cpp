@@ -1,6 +1,7 @@
 #include "orloxmldocument.h"
 
 #include "orloexception.h"
+#include "support/allocations.h"
 #include "support/machine.h"
 #include "support/text.h"
 
@@ -8,36 +9,11 @@
 
 #include <cstring>
 #include <functional>
-#include <new>
 #include <string>
 
 using namespace orlo;
+using orlo::tests::allocationFault;
 using orlo::tests::machine;
-
-namespace {
-
-// Blocks that are asked for without an exception can be refused.
-bool refuseBlocks = false;
-
-class refusedBlocks {
-public:
-    refusedBlocks() { refuseBlocks = true; }
-    ~refusedBlocks() { refuseBlocks = false; }
-    refusedBlocks(const refusedBlocks&) = delete;
-    refusedBlocks& operator=(const refusedBlocks&) = delete;
-};
-
-} // namespace
-
-void* operator new[](std::size_t size, const std::nothrow_t&) noexcept
-{
-    if (refuseBlocks) return nullptr;
-    try {
-        return ::operator new[](size);
-    } catch (const std::bad_alloc&) {
-        return nullptr;
-    }
-}
 
 namespace {
 
@@ -195,17 +171,18 @@ TEST_F(xmlLoad, tellsWhenTheFileCantBeOpenedOrReadWhole)
 TEST_F(xmlLoad, tellsALackOfMemoryBehindTheOpening)
 {
     here.addFile(path, "<a/>");
+    const file source{string(path)};
     {
-        const refusedBlocks refused;
-        EXPECT_THROW(load(), outOfMemoryException);
+        const allocationFault noBlock(1);
+        EXPECT_THROW(document->load(source, false), outOfMemoryException);
     }
     EXPECT_EQ(here.countCalls("openFile"), 1u);
     EXPECT_EQ(here.countCalls("readFile"), 0u);
     expectNoHandles();
 
     here.failCall("openFile", 1);
-    const refusedBlocks refused;
-    EXPECT_THROW(load(), readFileException);
+    const allocationFault noBlock(1);
+    EXPECT_THROW(document->load(source, false), readFileException);
 }
 
 TEST_F(xmlLoad, turnsMalformedTextIntoAnInvalidFile)
@@ -223,6 +200,17 @@ TEST_F(xmlLoad, letsAFailedConversionThrough)
     EXPECT_EQ(thrownBy([this] { load(); }), u"false");
     here.addFile(path, utf8Mark);
     EXPECT_EQ(thrownBy([this] { load(); }), u"false");
+    expectNoHandles();
+}
+
+TEST_F(xmlLoad, letsALackOfMemoryForTheTextThrough)
+{
+    here.addFile(path, "<a/>");
+    const file source{string(path)};
+    const allocationFault noBlock(2); // the first block is that of the bytes
+    EXPECT_THROW(document->load(source, false), outOfMemoryException);
+    EXPECT_TRUE(noBlock.hasHappened());
+    EXPECT_EQ(here.countCalls("readFile"), 1u);
     expectNoHandles();
 }
 
@@ -301,7 +289,7 @@ TEST_F(xmlParseBuffer, tellsALackOfMemoryForItsBlock)
 {
     for (const std::string& bytes : {std::string("<a/>"), utf8Mark + "<a/>", utf16Mark + unitBytes(u"<a/>"),
                                      declaration("utf-16"), declaration("x")}) {
-        const refusedBlocks refused;
+        const allocationFault noBlock(1);
         EXPECT_THROW(parse(bytes), outOfMemoryException) << bytes;
     }
     EXPECT_EQ(document->name, u"");

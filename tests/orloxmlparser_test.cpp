@@ -283,6 +283,10 @@ TEST(parseText, passesOverWhatStandsBeforeTheRoot)
         {u"<!--->--><a/>", u"a | />"},
         {u"<?>?><a/>", u"a | />"},
         {u"<!><a/>", u"a | />"},
+        {u"<!--><b/>--><a/>", u"a | />"},
+        {u"<!---><b/>--><a/>", u"a | />"},
+        {u"<?><b/>?><a/>", u"a | />"},
+        {u"<!><b/>><a/>", u"b | />><a/>"},
         // Other markup ends at its first ">", so a subset or a CDATA section is not passed whole.
         {u"<!DOCTYPE a [<!ENTITY b 'c'>]><a/>", u"a | />"},
         {u"<!DOCTYPE a [<!ENTITY b 'c'><d/>]><a/>", u"d | />]><a/>"},
@@ -314,6 +318,10 @@ TEST(parseText, readsTheNameOfATag)
         {u"<a<b/>", u"a<b | />"},
         {u"<1=\"/>", u"1=\" | />"},
         {u"<a\n/>", u"a | />"},
+        {u"<a\t/>", u"a | />"},
+        {u"<a\r/>", u"a | />"},
+        {u"<a\v/>", u"a | />"},
+        {u"<a\f/>", u"a | />"},
         {u"<a_long_name_beyond_any_buffer/>", u"a_long_name_beyond_any_buffer | />"},
     };
     expectOutcomes(rows);
@@ -472,6 +480,8 @@ TEST(parseText, refusesMalformedText)
         {"/ in a name without >", u"<a/b>"},
         {"/ in a name at the end", u"<a/"},
         {"/ in a name, then a blank", u"<a/ >"},
+        {"/ in a name, then what would be an attribute", u"<a/ b='1'/>"},
+        {"/ in a name, then what would be its value", u"<a/='1'/>"},
         {"an attribute without =", u"<a b>"},
         {"an attribute without =, at the end", u"<a b"},
         {"a blank and the end of the text", u"<a "},

@@ -346,7 +346,7 @@ bool convertPrimitive(To& to, const From& from, unsigned flags, const argumentLi
 #define ORLO_EACH_PAIR(use) ORLO_EACH_BOOL_PAIR(use) ORLO_EACH_NUMBER_PAIR(use)
 
 #define ORLO_INSTANTIATE(To, From)                                                                                     \
-    template bool convertPrimitive<To, From>(To & to, const From& from, unsigned flags, const argumentList& arguments);
+    template bool convertPrimitive<To, From>(To& to, const From& from, unsigned flags, const argumentList& arguments);
 ORLO_EACH_PAIR(ORLO_INSTANTIATE)
 
 namespace {

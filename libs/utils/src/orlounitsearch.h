@@ -1,27 +1,25 @@
-// Searches through long runs of text, a block of units at a time: a whole block is compared
-// without a branch, which compilers turn into a few vector operations.
+// A search through long runs of text by the runtime library's search for a byte, which looks
+// at many of them at once.
 #pragma once
 
 #include <cstddef>
-#include <cstdint>
+#include <cstring>
+#include <string_view>
 
 namespace orlo {
 
-inline constexpr std::ptrdiff_t unitsPerBlock = 16;
-
-inline bool blockHas(const char16_t* block, char16_t a, char16_t b)
+// Where `unit`, which is below 256, stands at or behind `from`; the size of the text if nowhere.
+inline std::size_t indexOfUnit(std::u16string_view text, char16_t unit, std::size_t from = 0)
 {
-    std::uint16_t found = 0;
-    for (std::ptrdiff_t i = 0; i < unitsPerBlock; ++i)
-        found = static_cast<std::uint16_t>(found | (block[i] == a) | (block[i] == b));
-    return found != 0;
-}
-
-// Passes over whole blocks that hold neither unit; the rest is for the caller to search.
-inline const char16_t* skipBlocks(const char16_t* at, const char16_t* end, char16_t a, char16_t b)
-{
-    while (end - at >= unitsPerBlock && !blockHas(at, a, b)) at += unitsPerBlock;
-    return at;
+    while (from < text.size()) {
+        const auto* const bytes = reinterpret_cast<const char*>(text.data() + from);
+        const void* const byte = std::memchr(bytes, unit, (text.size() - from) * sizeof(char16_t));
+        if (byte == nullptr) return text.size();
+        from += static_cast<std::size_t>(static_cast<const char*>(byte) - bytes) / sizeof(char16_t);
+        if (text[from] == unit) return from;
+        ++from; // half of another unit
+    }
+    return text.size();
 }
 
 } // namespace orlo

@@ -3,12 +3,15 @@
 #include "orloexception.h"
 #include "orloxmlencoding.h"
 #include "orloxmlparser.h"
+#include "orloxmlwriter.h"
 #include "platform/platform.h"
 
 #include <algorithm>
 #include <memory>
 #include <new>
+#include <string>
 #include <string_view>
+#include <vector>
 
 namespace orlo {
 
@@ -77,29 +80,56 @@ void writeWhole(const file& target, const byteBuffer& bytes)
 // becomes two lone halves, and a zero unit drops the rest of its piece.
 constexpr std::size_t pieceUnits = 256;
 constexpr std::size_t pieceBytes = 1024;
-constexpr std::size_t mostBytesOfUnit = 3;
+static_assert(textBlocks::blockUnits % pieceUnits == 0);
 
-std::string_view encodePiece(std::u16string_view units, char (&bytes)[pieceBytes])
+void appendPiece(std::string& out, std::u16string_view units)
 {
+    char bytes[pieceBytes];
     const std::size_t length = platform::encodeUtf8(units.data(), units.size(), bytes);
     if (length == 0) throw false;
     const std::string_view encoded(bytes, length);
-    return encoded.substr(0, encoded.find('\0'));
+    out.append(encoded.substr(0, encoded.find('\0')));
 }
 
-void appendUtf8(byteBuffer& out, std::u16string_view text)
+std::string encodeBlock(std::u16string_view block)
 {
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    out.reserve(out.size() + text.size() + text.size() / 2);
-    for (const char& each : mark) out.append(&each, 1);
+    std::string bytes;
+    bytes.reserve(block.size());
+    for (std::size_t at = 0; at < block.size(); at += pieceUnits) appendPiece(bytes, block.substr(at, pieceUnits));
+    return bytes;
+}
 
-    char bytes[pieceBytes];
-    for (; !text.empty(); text.remove_prefix(std::min(text.size(), pieceUnits))) {
-        const std::string_view piece = encodePiece(text.substr(0, pieceUnits), bytes);
-        // Where the first guess was too low, the buffer must not grow at each piece.
-        if (out.capacity() - out.size() < piece.size()) out.reserve(out.size() + text.size() * mostBytesOfUnit);
-        out.append(piece.data(), piece.size());
-    }
+// Encodes the document block by block while it is written: its whole text would go through
+// memory twice.
+void writeUtf8(byteBuffer& out, const xmlDocument& document)
+{
+    std::size_t units = 0;
+    std::size_t bytes = 0;
+    std::vector<std::string> encoded;
+    textBlocks blocks([&](std::u16string_view block) {
+        units += block.size();
+        bytes += encoded.emplace_back(encodeBlock(block)).size();
+    });
+    string declaration;
+    xmlDocument::writeDeclaration(declaration, xmlEncoding::utf8);
+    blocks.put(declaration);
+    writeTree(document, blocks, string::emptyString());
+    blocks.finish();
+
+    constexpr std::string_view mark = "\xEF\xBB\xBF";
+    out.reserve(out.size() + std::max(units + units / 2, mark.size() + bytes));
+    out.append(mark.data(), mark.size());
+    for (const std::string& block : encoded) out.append(block.data(), block.size());
+}
+
+void writeUnits(byteBuffer& out, const xmlDocument& document, xmlEncoding encoding)
+{
+    constexpr std::size_t declarationRoom = 40;
+    string text;
+    text.reserve(document.estimateSize(0) + declarationRoom);
+    xmlDocument::writeDeclaration(text, encoding);
+    document.writeNode(text, string::emptyString());
+    out.append(text.c_str(), (text.size() + 1) * sizeof(char16_t));
 }
 
 } // namespace
@@ -141,15 +171,10 @@ void xmlDocument::save(const file& target, xmlEncoding encoding) const
 
 void xmlDocument::writeBuffer(byteBuffer& out, xmlEncoding encoding) const
 {
-    constexpr std::size_t declarationRoom = 40;
-    string document;
-    document.reserve(estimateSize(0) + declarationRoom);
-    writeDeclaration(document, encoding);
-    writeNode(document, string::emptyString());
     if (encoding == xmlEncoding::utf8)
-        appendUtf8(out, document);
+        writeUtf8(out, *this);
     else
-        out.append(document.c_str(), (document.size() + 1) * sizeof(char16_t));
+        writeUnits(out, *this, encoding);
 }
 
 void xmlDocument::writeDeclaration(string& out, xmlEncoding encoding)

@@ -34,9 +34,11 @@ documentText newText(std::size_t room)
 documentText convertBytes(platform::encoding from, const unsigned char* bytes, std::size_t length)
 {
     documentText text = newText(length + 1);
-    text.length = platform::decode(from, bytes, length, text.units.get());
-    if (text.length == 0) throw false;
-    text.units[text.length] = 0;
+    const std::size_t units = platform::decode(from, bytes, length, text.units.get());
+    if (units == 0) throw false;
+    text.units[units] = 0;
+    // No character set makes a zero of another byte.
+    if (std::memchr(bytes, 0, length) == nullptr) text.length = units;
     return text;
 }
 
@@ -45,7 +47,6 @@ documentText copyUnits(const unsigned char* bytes, std::size_t length)
 {
     const std::size_t whole = length / sizeof(char16_t);
     documentText text = newText(whole + 2);
-    text.length = whole;
     text.units[whole] = 0;
     text.units[whole + 1] = 0;
     if (length != 0) std::memcpy(text.units.get(), bytes, length);

@@ -7,8 +7,8 @@
 namespace orlo {
 
 struct documentText {
-    std::unique_ptr<char16_t[]> units; // zero-terminated, perhaps before the end
-    std::size_t length = 0;
+    std::unique_ptr<char16_t[]> units; // zero-terminated
+    std::size_t length = 0;            // of the part that surely has no zero
 };
 
 // The zero-terminated text of a document, in the encoding that its mark or its declaration

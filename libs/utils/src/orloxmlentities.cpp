@@ -4,11 +4,14 @@
 #include "orloxmlentities.h"
 
 #include "orlotextformat.h"
+#include "orlounitsearch.h"
 #include "orlounitset.h"
 #include "orloxmlnode.h"
 
 #include <algorithm>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <iterator>
 
 namespace orlo {
@@ -44,7 +47,10 @@ void decodeNamed(string& text, std::size_t first)
     while (read < text.size()) {
         const entity* const found = text[read] == u'&' ? entityAt(std::u16string_view(text).substr(read)) : nullptr;
         if (found == nullptr) {
-            text[written++] = text[read++];
+            const std::size_t run = indexOfUnit(text, u'&', read + 1) - read;
+            std::copy_n(text.data() + read, run, text.data() + written);
+            written += run;
+            read += run;
             continue;
         }
         read += found->form.size();
@@ -54,6 +60,14 @@ void decodeNamed(string& text, std::size_t first)
             text[written++] = found->unit;
     }
     text.resize(written);
+}
+
+// True if "#x" stands anywhere.
+bool mayHoldReference(std::u16string_view text)
+{
+    std::size_t at = indexOfUnit(text, u'#');
+    while (at < text.size() && !text.substr(at).starts_with(u"#x")) at = indexOfUnit(text, u'#', at + 1);
+    return at < text.size();
 }
 
 // The reference at `start` with its ";", which is looked for from the far end: a reference has
@@ -104,49 +118,65 @@ void decodeInPasses(string& text)
     } while (text.size() != before);
 }
 
-std::u16string_view encodedForm(char16_t unit)
-{
-    const auto found = std::find_if(std::begin(entities), std::end(entities),
-                                    [unit](const entity& each) { return each.unit == unit; });
-    return found == std::end(entities) ? std::u16string_view() : found->form; // a line feed has none
-}
-
 constexpr unitSet encodedUnits(u"&'\"<>");
 constexpr unitSet encodedUnitsAndLineFeeds(u"&'\"<>\n");
+
+constexpr std::size_t unitsPerWord = 4;
+constexpr std::uint64_t lowBits = 0x0001'0001'0001'0001;
+constexpr std::uint64_t topBits = lowBits << 15;
+
+// Sets a top bit if one of the four units is 0: only that borrows from a top bit that was clear.
+constexpr std::uint64_t markZeros(std::uint64_t word)
+{
+    return (word - lowBits) & ~word & topBits;
+}
+
+// True if none of the four units has an entity. Two pairs of the five differ in one bit each.
+bool isPlainWord(const char16_t* units)
+{
+    static_assert((u'&' | 1) == u'\'' && (u'<' | 2) == u'>');
+    std::uint64_t word;
+    std::memcpy(&word, units, sizeof word);
+    return (markZeros((word | lowBits) ^ lowBits * u'\'') | markZeros((word | lowBits * 2) ^ lowBits * u'>') |
+            markZeros(word ^ lowBits * u'"')) == 0;
+}
 
 } // namespace
 
 void decodeEntities(string& text)
 {
-    const std::size_t first = text.find(u'&');
-    if (first == string::npos) return;
+    const std::size_t first = indexOfUnit(text, u'&');
+    if (first == text.size()) return;
     // No entity puts a "#" or an "x" in, so without "#x" there never is a numeric reference.
-    if (text.find(u"#x") == string::npos)
-        decodeNamed(text, first);
-    else
+    if (mayHoldReference(text))
         decodeInPasses(text);
+    else
+        decodeNamed(text, first);
 }
 
 void encodeEntities(string& text)
 {
     string encoded;
     encoded.reserve(text.size());
-    appendEncoded(encoded, text, lineFeeds::keep);
+    putEncoded(text, lineFeeds::keep, [&encoded](std::u16string_view piece) { encoded.append(piece); });
     text.swap(encoded);
 }
 
-void appendEncoded(string& out, std::u16string_view text, lineFeeds treatment)
+std::size_t plainLength(std::u16string_view text, lineFeeds treatment)
 {
+    std::size_t length = 0;
+    if (treatment == lineFeeds::keep)
+        while (text.size() - length >= unitsPerWord && isPlainWord(text.data() + length)) length += unitsPerWord;
     const unitSet& marks = treatment == lineFeeds::drop ? encodedUnitsAndLineFeeds : encodedUnits;
-    const char16_t* const end = text.data() + text.size();
-    const char16_t* run = text.data();
-    while (true) {
-        const char16_t* const mark = std::find_if(run, end, [&marks](char16_t unit) { return marks.contains(unit); });
-        out.append(run, static_cast<std::size_t>(mark - run));
-        if (mark == end) return;
-        out.append(encodedForm(*mark));
-        run = mark + 1;
-    }
+    while (length < text.size() && !marks.contains(text[length])) ++length;
+    return length;
+}
+
+std::u16string_view encodedForm(char16_t unit)
+{
+    const auto found = std::find_if(std::begin(entities), std::end(entities),
+                                    [unit](const entity& each) { return each.unit == unit; });
+    return found == std::end(entities) ? std::u16string_view() : found->form;
 }
 
 } // namespace orlo

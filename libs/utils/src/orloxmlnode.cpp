@@ -84,23 +84,24 @@ xmlNode::~xmlNode()
     }
 }
 
+// In one pass, as the nodes of a large tree come from memory each time they are looked at.
 void xmlNode::dropChildren(xmlNode*& doomed) noexcept
 {
     bool anyEmpty = false;
-    for (const refptr<xmlNode>& child : children) {
-        if (child)
-            child->parent = nullptr;
-        else
-            anyEmpty = true;
-    }
-    if (anyEmpty) tellEmptyChild();
-
     for (refptr<xmlNode>& child : children) {
         xmlNode* const node = child.get();
-        if (node == nullptr || node->children.empty() || node->referenceCount() != 1) continue;
-        node->parent = std::exchange(doomed, child.detach());
+        if (node == nullptr) {
+            anyEmpty = true;
+            continue;
+        }
+        node->parent = nullptr;
+        if (node->children.empty() || node->referenceCount() != 1)
+            child = nullptr;
+        else
+            node->parent = std::exchange(doomed, child.detach());
     }
     children.clear();
+    if (anyEmpty) tellEmptyChild();
 }
 
 } // namespace orlo

@@ -136,7 +136,7 @@ std::u16string_view trimmed(std::u16string_view text)
 
 class treeReader {
 public:
-    // Up to `knownEnd` the text may be looked at without regard to its terminator.
+    // In front of `knownEnd` there is no terminator.
     treeReader(place knownEnd, bool keepWhitespace) : m_knownEnd(knownEnd), m_keepWhitespace(keepWhitespace)
     {
         m_pending.reserve(pendingRoom);
@@ -200,7 +200,8 @@ place treeReader::readContent(place at)
 
 place treeReader::readChild(place at)
 {
-    xmlNode* const child = m_pending.emplace_back(new xmlNode).get();
+    m_pending.push_back(refptr<xmlNode>(new xmlNode)); // owned before the list asks for room
+    xmlNode* const child = m_pending.back().get();
     child->parent = m_open.back().node;
     if (readStart(*child, at) == content::follows)
         m_open.push_back({child, m_pending.size()});
@@ -294,7 +295,8 @@ treeReader::content treeReader::readFirstText(xmlNode& node, place& at)
 
 place treeReader::findMarkup(place at) const
 {
-    return expectUnit(skipBlocks(at, m_knownEnd, u'<', 0), u'<');
+    if (at < m_knownEnd) at += indexOfUnit(between(at, m_knownEnd), u'<');
+    return expectUnit(at, u'<');
 }
 
 void treeReader::storeText(xmlNode& node, place begin, place end)
@@ -306,8 +308,7 @@ void treeReader::storeText(xmlNode& node, place begin, place end)
 // The text itself, or one that holds until the next call.
 std::u16string_view treeReader::decoded(std::u16string_view text)
 {
-    const place end = text.data() + text.size();
-    if (std::find(skipBlocks(text.data(), end, u'&', u'&'), end, u'&') == end) return text;
+    if (indexOfUnit(text, u'&') == text.size()) return text;
     m_decoded.assign(text);
     decodeEntities(m_decoded);
     return m_decoded;

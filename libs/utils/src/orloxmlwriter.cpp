@@ -1,4 +1,5 @@
 // The writer of element trees. Depth costs memory but no call stack, as in the reader.
+#include "orloxmlwriter.h"
 #include "orloxmlentities.h"
 #include "orloxmlnode.h"
 
@@ -41,7 +42,7 @@ void walkTree(const xmlNode& root, Enter enter, Leave leave)
 
 class treeWriter {
 public:
-    treeWriter(string& out, const string& indent) : m_out(out), m_indent(indent), m_base(indent.size()) {}
+    treeWriter(textBlocks& out, const string& indent) : m_out(out), m_indent(indent), m_base(indent.size()) {}
 
     void writeStart(const xmlNode& node, std::size_t depth);
     void writeEnd(const xmlNode& node, std::size_t depth);
@@ -49,9 +50,10 @@ public:
 private:
     void writeIndent(std::size_t depth);
     void writeAttributes(const xmlNode& node);
+    void writeEncoded(const string& text, lineFeeds treatment);
     void writeClosingTag(const xmlNode& node);
 
-    string& m_out;
+    textBlocks& m_out;
     string m_indent; // of the deepest level so far
     std::size_t m_base;
 };
@@ -59,20 +61,21 @@ private:
 void treeWriter::writeStart(const xmlNode& node, std::size_t depth)
 {
     writeIndent(depth);
-    m_out.append(1, u'<').append(node.name);
+    m_out.put(u'<');
+    m_out.put(node.name);
     writeAttributes(node);
     if (!node.children.empty()) {
-        m_out.append(u">\n");
+        m_out.put(u">\n");
         if (node.text.empty()) return;
         writeIndent(depth + 1);
-        appendEncoded(m_out, node.text, lineFeeds::drop);
-        m_out.append(1, u'\n');
+        writeEncoded(node.text, lineFeeds::drop);
+        m_out.put(u'\n');
     } else if (!node.text.empty()) {
-        m_out.append(1, u'>');
-        appendEncoded(m_out, node.text, lineFeeds::keep);
+        m_out.put(u'>');
+        writeEncoded(node.text, lineFeeds::keep);
         writeClosingTag(node);
     } else {
-        m_out.append(u"/>\n");
+        m_out.put(u"/>\n");
     }
 }
 
@@ -86,21 +89,30 @@ void treeWriter::writeIndent(std::size_t depth)
 {
     const std::size_t width = m_base + depth * levelWidth;
     if (m_indent.size() < width) m_indent.append(width - m_indent.size(), u' ');
-    m_out.append(m_indent, 0, width);
+    m_out.put(std::u16string_view(m_indent).substr(0, width));
 }
 
 void treeWriter::writeAttributes(const xmlNode& node)
 {
     for (const auto& [name, value] : node.attributes) {
-        m_out.append(1, u' ').append(name).append(u"=\"");
-        appendEncoded(m_out, value, lineFeeds::keep);
-        m_out.append(1, u'"');
+        m_out.put(u' ');
+        m_out.put(name);
+        m_out.put(u"=\"");
+        writeEncoded(value, lineFeeds::keep);
+        m_out.put(u'"');
     }
+}
+
+void treeWriter::writeEncoded(const string& text, lineFeeds treatment)
+{
+    putEncoded(text, treatment, [this](std::u16string_view piece) { m_out.put(piece); });
 }
 
 void treeWriter::writeClosingTag(const xmlNode& node)
 {
-    m_out.append(u"</").append(node.name).append(u">\n");
+    m_out.put(u"</");
+    m_out.put(node.name);
+    m_out.put(u">\n");
 }
 
 // The node's own part, without its children.
@@ -115,12 +127,19 @@ std::size_t estimateNode(const xmlNode& node, std::size_t width)
 
 } // namespace
 
-void xmlNode::writeNode(string& out, const string& indent) const
+void writeTree(const xmlNode& root, textBlocks& out, const string& indent)
 {
     treeWriter writer(out, indent);
     walkTree(
-        *this, [&](const xmlNode& node, std::size_t depth) { writer.writeStart(node, depth); },
+        root, [&](const xmlNode& node, std::size_t depth) { writer.writeStart(node, depth); },
         [&](const xmlNode& node, std::size_t depth) { writer.writeEnd(node, depth); });
+}
+
+void xmlNode::writeNode(string& out, const string& indent) const
+{
+    textBlocks blocks([&out](std::u16string_view block) { out.append(block); });
+    writeTree(*this, blocks, indent);
+    blocks.finish();
 }
 
 std::size_t xmlNode::estimateSize(std::size_t width) const

@@ -9,34 +9,32 @@ namespace {
 
 constexpr char16_t replacementUnit = 0xFFFD;
 
-// Most texts are ASCII for long runs, so both directions look at a whole word of input at once.
-constexpr std::ptrdiff_t bytesPerWord = 8;
-constexpr std::ptrdiff_t unitsPerWord = 4;
-constexpr std::uint64_t nonAsciiBytes = 0x8080808080808080;
-constexpr std::uint64_t nonAsciiUnits = 0xFF80FF80FF80FF80;
+// Most texts are ASCII for long runs, so both directions look at a block of input at once; the
+// loops over a block have no branch, and compilers make vector operations of them.
+constexpr std::ptrdiff_t blockLength = 16;
 
-template <class T>
-bool wordHas(const T* text, std::uint64_t bits)
+// Copies a block through registers; false, with nothing copied, if not all of it is ASCII.
+template <class From, class To>
+bool copyAsciiBlock(const From* from, To* to)
 {
-    std::uint64_t word;
-    std::memcpy(&word, text, sizeof word);
-    return (word & bits) != 0;
+    std::uint16_t all = 0;
+    for (std::ptrdiff_t i = 0; i < blockLength; ++i) all |= from[i];
+    if (all >= 0x80) return false;
+    To block[blockLength];
+    for (std::ptrdiff_t i = 0; i < blockLength; ++i) block[i] = static_cast<To>(from[i]);
+    std::memcpy(to, block, sizeof block);
+    return true;
 }
 
-void widenAscii(const unsigned char*& from, const unsigned char* end, char16_t*& to)
+template <class From, class To>
+void copyAscii(const From*& from, const From* end, To*& to)
 {
-    for (; end - from >= bytesPerWord && !wordHas(from, nonAsciiBytes); from += bytesPerWord, to += bytesPerWord) {
-        for (std::ptrdiff_t i = 0; i < bytesPerWord; ++i) to[i] = from[i];
-    }
-    while (from != end && *from < 0x80) *to++ = *from++;
-}
-
-void narrowAscii(const char16_t*& from, const char16_t* end, char*& to)
-{
-    for (; end - from >= unitsPerWord && !wordHas(from, nonAsciiUnits); from += unitsPerWord, to += unitsPerWord) {
-        for (std::ptrdiff_t i = 0; i < unitsPerWord; ++i) to[i] = static_cast<char>(from[i]);
-    }
-    while (from != end && *from < 0x80) *to++ = static_cast<char>(*from++);
+    const From* at = from;
+    To* out = to;
+    for (; end - at >= blockLength && copyAsciiBlock(at, out); at += blockLength) out += blockLength;
+    while (at != end && *at < 0x80) *out++ = static_cast<To>(*at++);
+    from = at;
+    to = out;
 }
 
 // How many bytes a lead byte announces behind itself; 0 for a byte that leads nothing.
@@ -131,7 +129,7 @@ std::size_t decodeUtf8Bytes(const unsigned char* bytes, std::size_t length, char
 {
     const unsigned char* const end = bytes + length;
     char16_t* to = units;
-    for (widenAscii(bytes, end, to); bytes != end; widenAscii(bytes, end, to)) {
+    for (copyAscii(bytes, end, to); bytes != end; copyAscii(bytes, end, to)) {
         const utf8Sequence next = readUtf8Sequence(bytes, static_cast<std::size_t>(end - bytes));
         to = writeCodePoint(next.codePoint == utf8Sequence::badSequence ? replacementUnit : next.codePoint, to);
         bytes += next.length;
@@ -143,7 +141,7 @@ std::size_t encodeUtf8Units(const char16_t* units, std::size_t length, char* byt
 {
     const char16_t* const end = units + length;
     char* to = bytes;
-    for (narrowAscii(units, end, to); units != end; narrowAscii(units, end, to)) {
+    for (copyAscii(units, end, to); units != end; copyAscii(units, end, to)) {
         to = writeUtf8(readUnits(units, end), to);
     }
     return static_cast<std::size_t>(to - bytes);
