@@ -5,8 +5,10 @@
 
 #include <gtest/gtest.h>
 
+#include <random>
 #include <stdexcept>
 #include <string>
+#include <string_view>
 
 using namespace orlo;
 using orlo::tests::machine;
@@ -146,6 +148,23 @@ TEST_F(path, staysAsItIsInTheNormalForm)
     for (const char16_t* text : {u"C:", u"C:\\a", u"C:\\a\\b.c", u"\\\\srv\\x", u"c:\\.git\\..x"}) {
         EXPECT_EQ(normalizePath(text, false), string(text));
         EXPECT_EQ(normalizePath(string(text) + u"\\", true), string(text) + u"\\");
+    }
+}
+
+// A path with backslashes alone may be found normal at a glance; with slashes it goes through all
+// steps.
+TEST_F(path, isTheSameWithEitherSlash)
+{
+    constexpr unsigned seed = 20240305;
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937 random(seed);
+    constexpr std::u16string_view units = u"\\\\..:aC";
+    for (int round = 0; round < 20000; ++round) {
+        string text(random() % 4 != 0 ? u"C:\\a" : u"\\\\");
+        for (auto count = random() % 12; count > 0; --count) text.push_back(units[random() % units.size()]);
+        const string slashed = string(text).replaceChar(u'\\', u'/');
+        for (const bool trailing : {false, true})
+            ASSERT_EQ(normalizePath(text, trailing), normalizePath(slashed, trailing)) << narrow(text);
     }
 }
 

@@ -1,5 +1,6 @@
 #include "machine.h"
 
+#include "allocations.h"
 #include "disk.h"
 #include "orlounit.h"
 #include "platform/platform.h"
@@ -67,7 +68,8 @@ std::intptr_t newHandle()
     return ++last;
 }
 
-// One call of the seam: recorded, counted for the faults, and alone on the machine.
+// One call of the seam: recorded, counted for the faults, and alone on the machine. What it
+// takes of memory is not the program's.
 class observedCall {
 public:
     explicit observedCall(const char* operation, const string& subject = string::emptyString()) : m_alone(guard())
@@ -81,6 +83,7 @@ public:
     [[nodiscard]] bool fails() const { return m_fails; }
 
 private:
+    allocationPause m_ownMemory; // the first to come and the last to go
     std::lock_guard<std::recursive_mutex> m_alone;
     bool m_fails = false;
 };
@@ -538,6 +541,7 @@ int currentDrive()
 
 bool environmentVariable(const char16_t* name, string& value)
 {
+    const allocationPause ownMemory;
     const observedCall call("environmentVariable", name);
     const string sought = string(name).lowerCopy(); // before `value` goes, which may hold the name
     value.clear();
@@ -582,8 +586,11 @@ void endAbnormally()
 
 bool enumerateWindows(bool (*visit)(window found, void* context), void* context)
 {
-    const observedCall call("enumerateWindows");
-    if (call.fails()) return false;
+    {
+        // What the caller does with a window is its own.
+        const observedCall call("enumerateWindows");
+        if (call.fails()) return false;
+    }
     for (std::uintptr_t handle = 1; handle <= machine::current().windows.size(); ++handle) {
         if (!visit(reinterpret_cast<window>(handle), context)) return false;
     }
@@ -613,6 +620,7 @@ window lastActivePopup(window of)
 
 void showMessageBox(window owner, const char16_t* text, const char16_t* title, std::uint32_t style)
 {
+    const allocationPause ownMemory;
     const observedCall call("showMessageBox", text);
     if (!call.fails()) machine::current().boxes.push_back({text, title, style, owner});
 }

@@ -1,7 +1,8 @@
 """getncs: its documents byte for byte, its exit codes and reports, and what it leaves alone."""
 
-from toolcase import DATE, FLAT, MEASURED, TIME, ToolCase, expected, measuring_data, measuring_point
 from pathlib import Path
+
+from toolcase import FLAT, MEASURED, ToolCase, expected, measuring_data
 
 EXAMPLES = Path(__file__).parents[2] / "examples"
 WORKED_EXAMPLE = ((1, 11, 2), (21, 11, 3), (21, 1, 2), (1, 1, 1))
@@ -75,13 +76,15 @@ class Getncs(ToolCase):
         self.assert_result(self.confirm("flatRectangle"))
 
     def test_the_examples_say_what_they_tell(self):
-        for platform, switches, name, seconds in (
-            ("P400", ["-zoffset:0,35"], "exampleP400", 1715938887), ("P20", ["-zoffset:0.25"], "workedExample", 1715940125)
-        ):
+        rows = [
+            ("P400", "-zoffset:0,35", "exampleP400", MEASURED + 2 * 86400 + 57),
+            ("P20", "-zoffset:0.25", "workedExample", MEASURED + 2 * 86400 + 1295),
+        ]
+        for platform, switch, name, seconds in rows:
             with self.row(platform):
                 file = EXAMPLES / "measuring" / f"MeasuringData_{platform}.xml"
                 self.measuring_file(platform).write_bytes(file.read_bytes())
-                self.assert_run(self.getncs(*switches, platform=platform), 1)
+                self.assert_run(self.getncs(switch, platform=platform), 1)
                 moment = self.machine.time_text(seconds, {})
                 self.assert_result(expected(name, platform=platform, datetime=moment))
 

@@ -2,7 +2,7 @@
 
 import shutil
 
-from toolcase import FLAT, MEASURED, ToolCase, expected, measuring_data
+from toolcase import FLAT, MEASURED, ToolCase, expected
 
 KEYS = ("brx_msgTitle", "infoNotFound", "measureNotFound", "brx_measureFound")
 

@@ -10,6 +10,10 @@ def axes(*pairs):
     return "".join(f'<axis Name="{name}">{text}</axis>' for name, text in pairs)
 
 
+def renamed(point, axis):
+    return "".join(POINTS).replace("measuringpoint", point).replace("axis", axis)
+
+
 def first(content, name="cylinder1"):
     """The four points with this content in the first."""
     return f'<measuringpoint Name="{name}">{content}</measuringpoint>' + OTHERS
@@ -46,8 +50,8 @@ class MeasuringFile(ToolCase):
             ("a later point replaces an earlier one",
              measuring_point("cylinder1", (5, 5, 5)) + "".join(POINTS)),
             ("a fifth and a sixth point", "".join(POINTS) + POINTS[0] + POINTS[3]),
-            ("upper-case elements", "".join(POINTS).replace("measuringpoint", "MEASURINGPOINT").replace("axis", "AXIS")),
-            ("mixed-case elements", "".join(POINTS).replace("measuringpoint", "MeasuringPoint").replace("axis", "Axis")),
+            ("upper-case elements", renamed("MEASURINGPOINT", "AXIS")),
+            ("mixed-case elements", renamed("MeasuringPoint", "Axis")),
             ("blanks and line ends", first(flat).replace("><", "> \r\n\t<")),
             ("text behind a number", first(axes(("x", "0mm"), ("y", "10 mm"), ("z", "1\u00b5")))),
             ("a decimal comma", first(axes(("x", "0,0"), ("y", "10,0"), ("z", "1,00")))),
@@ -126,7 +130,8 @@ class MeasuringFile(ToolCase):
             ("UTF-8", plain.encode("utf-8"), name),
             ("UTF-8 with a mark", plain.encode("utf-8-sig"), name),
             ("UTF-8 declared", ('<?xml version="1.0" encoding="UTF-8"?>' + plain).encode("utf-8"), name),
-            ("UTF-8 declared in another way", ("<?xml version='1.0' encoding='latin-1'?>" + plain).encode("utf-8"), name),
+            ("nothing declared in double quotes",
+             ("<?xml version='1.0' encoding='latin-1'?>" + plain).encode("utf-8"), name),
             ("UTF-16 with a mark", b"\xff\xfe" + plain.encode("utf-16-le"), name),
             ("another one declared",
              ('<?xml version="1.0" encoding="windows-1252"?>' + plain).encode("windows-1252"), name),

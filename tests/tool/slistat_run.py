@@ -125,7 +125,7 @@ class Slistat(ToolCase):
         for name in ("missing", "not given", "empty"):
             with self.row(name):
                 missing = self.folder / "missing"
-                switch = {"missing": f"-slifldr:{self.path(missing)}", "not given": "-other", "empty": "-slifldr:"}[name]
+                switch = {"missing": f"-slifldr:{self.path(missing)}", "not given": "", "empty": "-slifldr:"}[name]
                 shown = self.machine.shown(missing) + "\\" if name == "missing" else ""
                 switches = ["-cmd:slistat", "-stat:ended_success", f"-tavenfldr:{self.path(self.taven)}",
                             "-platform:P1", switch]

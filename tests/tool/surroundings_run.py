@@ -3,7 +3,6 @@ system, odd file names, full disks, missing permissions."""
 
 import os
 import resource
-import shutil
 import signal
 
 from toolcase import DATE, FLAT, MEASURED, TIME, ToolCase, expected, measuring_data
@@ -135,6 +134,14 @@ class Surroundings(ToolCase):
         self.assert_abnormal_end(self.getncs(), **details)
         self.results.chmod(0o755)
         self.assertEqual(self.names(self.results), [])
+
+    def test_a_write_protected_result_of_windows_ends_the_process_silently(self):
+        if self.machine.name != "windows":
+            self.skipTest("the folder decides who may delete a file")
+        self.result.write_text("older")
+        self.result.chmod(0o444)
+        self.assert_abnormal_end(self.getncs())
+        self.assertEqual(self.result.read_text(), "older")
 
     def test_a_measuring_file_without_read_permission_is_reported(self):
         details = self.as_nobody()

@@ -12,8 +12,8 @@ EXPECTED = Path(__file__).parent / "expected"
 
 class ToolCase(unittest.TestCase):
     maxDiff = None
-    machine = None   # set by the runner, as are the two below
-    locales = None   # folder with the locales de_DE.UTF-8 and tr_TR.UTF-8, or None
+    machine = None  # set by the runner, as are the two below
+    locales = None  # folder with the locales de_DE.UTF-8 and tr_TR.UTF-8, or None
     installed = None  # the tree that `cmake --install` made, or None
 
     def setUp(self):

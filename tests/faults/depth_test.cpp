@@ -1,0 +1,48 @@
+// What may be nested without end must not take the call stack along.
+#include "orlolocfile.h"
+#include "orloxmldocument.h"
+#include "support/languagefile.h"
+
+using namespace orlo;
+using namespace orlo::tests;
+
+namespace {
+
+string numbered(int number)
+{
+    return string().setNumber(number);
+}
+
+} // namespace
+
+TEST(depth, ofLanguageFilesInAChainCostsNoCallStack)
+{
+    machine::renew();
+    constexpr int last = 4000;
+    for (int index = 0; index < last; ++index)
+        addLanguageFile(u"C:\\l\\" + numbered(index), u"#include " + numbered(index + 1) + u"\n");
+    addLanguageFile(u"C:\\l\\" + numbered(last), u"key the text at the end\n");
+
+    locFile chain(file(string(u"C:\\l\\0")));
+    stringTemplate text;
+    EXPECT_TRUE(chain.lookup(u"key", text));
+    EXPECT_EQ(text.text(), u"the text at the end");
+    EXPECT_FALSE(chain.lookup(u"missing", text));
+}
+
+TEST(depth, ofElementsCostsNoCallStack)
+{
+    constexpr std::size_t depth = 100000;
+    std::string bytes;
+    for (std::size_t level = 0; level < depth; ++level) bytes += "<a>";
+    for (std::size_t level = 0; level < depth; ++level) bytes += "</a>";
+
+    refptr<xmlDocument> document = xmlDocument::createDocument();
+    document->parseBuffer(bytes.data(), bytes.size(), false);
+    std::size_t levels = 0;
+    for (const xmlNode* node = document.get(); node != nullptr; ++levels)
+        node = node->children.empty() ? nullptr : node->children[0].get();
+    EXPECT_EQ(levels, depth);
+    EXPECT_GT(document->estimateSize(0), depth);
+    document = nullptr;
+}

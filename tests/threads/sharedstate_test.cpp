@@ -1,0 +1,178 @@
+// What all threads of a process share, used by several at once. ThreadSanitizer watches.
+#include "orlodirectory.h"
+#include "orlogeopoint.h"
+#include "orlolanguagetable.h"
+#include "orlomodule.h"
+#include "orloreport.h"
+#include "orlosearchpath.h"
+#include "orloxmlnode.h"
+#include "platform/platform.h"
+#include "support/text.h"
+
+#include <gtest/gtest.h>
+
+#include <array>
+#include <atomic>
+#include <functional>
+#include <thread>
+
+using namespace orlo;
+
+namespace {
+
+constexpr std::size_t threadCount = 4;
+constexpr int rounds = 300;
+
+// Runs the same work on several threads, which begin together.
+void onThreads(const std::function<void(std::size_t thread)>& work)
+{
+    std::atomic<std::size_t> ready = 0;
+    std::vector<std::thread> threads;
+    for (std::size_t thread = 0; thread < threadCount; ++thread) {
+        threads.emplace_back([&, thread] {
+            ++ready;
+            while (ready < threadCount) std::this_thread::yield();
+            work(thread);
+        });
+    }
+    for (std::thread& each : threads) each.join();
+}
+
+string numbered(const char16_t* text, int number)
+{
+    return text + string().setNumber(number);
+}
+
+// A language file beside the executable, where the table looks first.
+class languageFile {
+public:
+    languageFile()
+    {
+        directory folder;
+        getModuleDirectory(string::emptyString(), folder);
+        m_file = file(folder, u"threads.loc");
+        const std::string bytes = "\xEF\xBB\xBFkey the text of the file\n";
+        const platform::fileHandle opened = platform::openFile(m_file.path(), platform::openMode::write);
+        EXPECT_EQ(platform::writeFile(opened, bytes.data(), bytes.size()), bytes.size());
+        platform::closeFile(opened);
+    }
+    ~languageFile() { m_file.remove(); }
+    languageFile(const languageFile&) = delete;
+    languageFile& operator=(const languageFile&) = delete;
+
+private:
+    file m_file;
+};
+
+} // namespace
+
+// The first in this program, so that nothing has been used before.
+TEST(aFirstUse, ofAllThatIsSharedMayComeFromSeveralThreads)
+{
+    std::array<const void*, threadCount> tables{};
+    std::array<const void*, threadCount> registries{};
+    std::array<const string*, threadCount> empties{};
+    std::array<scstring, threadCount> interned;
+    onThreads([&](std::size_t thread) {
+        empties[thread] = &string::emptyString();
+        interned[thread] = scstring(u"interned by all");
+        registries[thread] = &typeconvert::typeConverterRegistry::instance();
+        tables[thread] = &languageTable::instance();
+        directory to;
+        EXPECT_TRUE(typeconvert::convert(to, file(string(u"C:\\somewhere"))));
+    });
+    for (std::size_t thread = 1; thread < threadCount; ++thread) {
+        EXPECT_EQ(empties[thread], empties[0]);
+        EXPECT_EQ(interned[thread], interned[0]);
+        EXPECT_EQ(registries[thread], registries[0]);
+        EXPECT_EQ(tables[thread], tables[0]);
+    }
+}
+
+TEST(registry, convertsWhileConvertersComeAndGo)
+{
+    static constexpr typeconvert::typeConverter<float, file> odd{nullptr};
+    auto& registry = typeconvert::typeConverterRegistry::instance();
+    const std::size_t before = registry.size();
+    onThreads([&](std::size_t thread) {
+        for (int round = 0; round < rounds; ++round) {
+            if (thread == 0) registry.registerConverter(&odd);
+            string text;
+            EXPECT_TRUE(typeconvert::convert(text, orloGeo::point3d(round, 2, 3)));
+            searchPath places; // by way of text
+            EXPECT_TRUE(typeconvert::convert(places, file(string(u"C:\\"))));
+            if (thread == 0) registry.unregisterConverter(&odd);
+        }
+    });
+    EXPECT_EQ(registry.size(), before);
+}
+
+TEST(numbers, areReadAndWrittenInTheUsersFormatByAllThreads)
+{
+    onThreads([](std::size_t thread) {
+        for (int round = 0; round < rounds; ++round) {
+            const double value = static_cast<double>(thread) + round / 8.0;
+            string text;
+            double back = -1;
+            EXPECT_TRUE(typeconvert::convert(text, value, typeconvert::localeNumbers));
+            EXPECT_TRUE(typeconvert::convert(back, text));
+            EXPECT_EQ(back, value);
+        }
+    });
+}
+
+TEST(internedTexts, haveOneAddressForAllThreads)
+{
+    std::array<std::vector<scstring>, threadCount> made;
+    onThreads([&made](std::size_t thread) {
+        for (int round = 0; round < rounds; ++round) made[thread].emplace_back(numbered(u"text ", round).c_str());
+    });
+    for (std::size_t thread = 1; thread < threadCount; ++thread) EXPECT_EQ(made[thread], made[0]);
+    EXPECT_EQ(made[0][7].text(), u"text 7");
+}
+
+TEST(languages, areChangedWhileTextsAreLookedUp)
+{
+    const languageFile present;
+    static std::atomic<int> told;
+    told = 0;
+    const auto listener = [](const char16_t*, const char16_t*) { ++told; };
+    languageTable& table = languageTable::instance();
+    table.addListener(listener);
+    onThreads([&table](std::size_t thread) {
+        for (int round = 0; round < rounds; ++round) {
+            if (thread == 0) table.setLanguage(numbered(u"language ", round).c_str());
+            const locString found(u"key", u"default", u"threads.loc");
+            EXPECT_EQ(string(found.getText()), u"the text of the file");
+            const locString missing(u"another key", u"default", numbered(u"missing", round).c_str());
+            EXPECT_EQ(string(missing.getText()), u"default");
+        }
+    });
+    table.removeListener(listener);
+    EXPECT_EQ(told, rounds);
+}
+
+TEST(references, areCountedByAllThreads)
+{
+    const refptr<xmlNode> shared = xmlNode::createNode(u"shared");
+    refptr<xmlNode> given = shared;
+    onThreads([&given](std::size_t) {
+        for (int round = 0; round < rounds; ++round) {
+            const refptr<xmlNode> mine = given;
+            EXPECT_EQ(mine->name, u"shared");
+        }
+    });
+    given = nullptr;
+    EXPECT_EQ(shared->addRef(), 2u);
+    EXPECT_EQ(shared->release(), 1u);
+}
+
+// The last of several threads takes the object down, after all that the others did with it.
+TEST(references, theLastOneEndsTheObject)
+{
+    for (int round = 0; round < rounds; ++round) {
+        std::array<refptr<xmlNode>, threadCount> held;
+        held.fill(xmlNode::createNode(u"shared"));
+        onThreads([&held](std::size_t thread) { held[thread] = nullptr; });
+    }
+}
