@@ -1,0 +1,215 @@
+"""Runs the benchmarks and keeps what they measured in one file of JSON: for each name, as in
+"parse/small/10M/pugixml", the samples of all rounds.
+
+Every benchmark runs in a process of its own, so that none finds a heap that another one has
+warmed or scattered, and the rounds go through all of them in turn, so that a busy moment of the
+machine hits everybody."""
+
+import argparse
+import json
+import os
+import re
+import shutil
+import subprocess
+import tempfile
+import time
+from pathlib import Path
+
+ARGUMENTS = argparse.ArgumentParser(description=__doc__)
+ARGUMENTS.add_argument("--build", type=Path, required=True, help="the build folder")
+ARGUMENTS.add_argument("--installed", type=Path, help="the installed tool, for whole runs")
+ARGUMENTS.add_argument("--runner", default="", help="runs the programs, as Wine does")
+ARGUMENTS.add_argument("--out", type=Path, required=True)
+ARGUMENTS.add_argument("--rounds", type=int, default=3)
+ARGUMENTS.add_argument("--only", default="", help="a regular expression over the names")
+ARGUMENTS.add_argument("--large", action="store_true", help="also documents of 100 MB and a million files")
+
+CYLINDERS = [(12.5182, 318.4466, 151.2037), (412.4969, 319.3193, 151.5312),
+             (413.1514, 19.3204, 151.3094), (13.1727, 18.4477, 150.9767)]
+
+
+class Samples:
+    """What was measured, in microseconds of processor time, or another unit that the name tells."""
+
+    def __init__(self, only):
+        self.only = re.compile(only)
+        self.all = {}
+
+    def wants(self, name):
+        return bool(self.only.search(name))
+
+    def add(self, name, value):
+        self.all.setdefault(name, []).append(value)
+
+
+def micro_names(program, large):
+    listed = subprocess.run([*program, "--benchmark_list_tests"], capture_output=True, text=True, check=True)
+    names = [line.strip() for line in listed.stdout.splitlines() if line.strip()]
+    return [name for name in names if large or "/100M/" not in name]
+
+
+def exactly(name):
+    """Escaped for the expressions of Google Benchmark, which refuse to escape plain characters."""
+    return re.sub(r"[][(){}.*+?^$|\\]", r"\\\g<0>", name)
+
+
+def run_micro(program, names, rounds, samples):
+    for _ in range(rounds):
+        for name in names:
+            run = subprocess.run([*program, f"--benchmark_filter=^{exactly(name)}$", "--benchmark_min_time=0.05",
+                                  "--benchmark_format=json"], capture_output=True, text=True, check=True)
+            for row in json.loads(run.stdout)["benchmarks"]:
+                if row.get("error_occurred"):
+                    raise SystemExit(f"{name}: {row['error_message']}")
+                scale = {"ns": 1e-3, "us": 1, "ms": 1e3}[row["time_unit"]]
+                samples.add(re.sub(r"/\d+$", "", name), row["cpu_time"] * scale)
+
+
+def processor_time(command, expected=0):
+    """Runs a command without a shell and gives its processor time in microseconds."""
+    silent = [(os.POSIX_SPAWN_OPEN, 0, "/dev/null", os.O_RDONLY, 0), (os.POSIX_SPAWN_OPEN, 1, "/dev/null", os.O_WRONLY, 0)]
+    process = os.posix_spawn(command[0], command, {"LC_ALL": "C"}, file_actions=silent)
+    _, status, usage = os.wait4(process, 0)
+    if os.waitstatus_to_exitcode(status) != expected:
+        raise SystemExit(f"{command} ended with {os.waitstatus_to_exitcode(status)}")
+    return (usage.ru_utime + usage.ru_stime) * 1e6
+
+
+def system_calls(command, log):
+    subprocess.run(["strace", "-f", "-o", log, *command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+    return sum(1 for line in Path(log).read_text(errors="replace").splitlines() if not line.split()[1].startswith("+++"))
+
+
+def measuring_file(path):
+    points = ""
+    for number, point in enumerate(CYLINDERS, 1):
+        axes = "".join(f'      <Axis Name="{axis}">{value}</Axis>\n' for axis, value in zip("XYZ", point))
+        points += f'   <MeasuringPoint Name="cylinder{number}">\n{axes}   </MeasuringPoint>\n'
+    path.write_text('<?xml version="1.0" encoding="UTF-8"?>\n<MeasuringData PlatformName="P400" '
+                    f'CreationDate="2024-4-17Z" CreationTime="9:41:27Z">\n{points}</MeasuringData>\n')
+
+
+class WholeRuns:
+    def __init__(self, tool, build, folder, samples):
+        self.tool = str(tool / "bin/tavenMorrel")
+        self.language = tool / "config/Language/english/language.loc"
+        self.bounds = build / "benchmarks"
+        self.folder = folder
+        self.samples = samples
+        self.taven = folder / "taven"
+        self.taven.mkdir()
+
+    def minimal(self, name):
+        return str(self.bounds / f"minimal_{name}")
+
+    def getncs(self, rounds):
+        measuring = self.taven / "MeasuringData_P400.xml"
+        measuring_file(measuring)
+        results = [self.folder / "project.xml", self.folder / "minimal.xml"]
+        commands = {
+            "project": [self.tool, "-cmd:getncs", "-language:english", f"-tavenfldr:{self.taven}", "-platform:P400",
+                        f"-out:{results[0]}"],
+            "minimal C": [self.minimal("getncs"), str(measuring), str(self.language), str(results[1]), "P400"],
+        }
+        for command in commands.values():
+            processor_time(command, 1)
+        if results[0].read_bytes() != results[1].read_bytes():
+            raise SystemExit("getncs: the results differ")
+        for _ in range(rounds):
+            for who, command in commands.items():
+                self.samples.add(f"getncs/process/measured/{who}", processor_time(command, 1))
+        for who, command in commands.items():
+            self.samples.add(f"getncs/system calls/measured/{who}", system_calls(command, self.folder / "calls"))
+        measuring.unlink()
+
+    def start(self, rounds):
+        for _ in range(rounds):
+            for who, program in (("project", "startup_libraries"), ("nothing", "startup_nothing")):
+                self.samples.add(f"start/process/libraries/{who}", processor_time([str(self.bounds / program)]))
+
+    def wipe(self, count, rounds):
+        commands = {
+            "project": [self.tool, "-cmd:slistat", "-stat:started", f"-tavenfldr:{self.taven}", "-platform:P400"],
+            "find -delete": ["/usr/bin/find", str(self.taven), "-maxdepth", "1", "-name", "P400.*", "-delete"],
+            "minimal C": [self.minimal("wipe"), str(self.taven), "P400."],
+        }
+        for _ in range(rounds):
+            for who, command in commands.items():
+                for number in range(count):
+                    os.close(os.open(self.taven / f"P400.{number}", os.O_WRONLY | os.O_CREAT))
+                self.samples.add(f"wipe/files/{count}/{who}", processor_time(command))
+                if any(self.taven.iterdir()):
+                    raise SystemExit(f"{who} left files behind")
+
+    def copy(self, size, rounds):
+        output = self.folder / "output"
+        output.mkdir()
+        source = output / "P400.xml"
+        with source.open("wb") as file:
+            for _ in range(size >> 20):
+                file.write(os.urandom(1 << 20))
+        target = self.taven / "P400.xml"
+        commands = {
+            "project": ([self.tool, "-cmd:slistat", "-stat:ended_success", f"-slifldr:{output}",
+                         f"-tavenfldr:{self.taven}", "-platform:P400"], 1),
+            "cp": (["/bin/cp", str(source), str(target)], 0),
+            "minimal C": ([self.minimal("copy"), str(source), str(target)], 0),
+        }
+        for _ in range(rounds):
+            for who, (command, expected) in commands.items():
+                started = time.perf_counter()
+                processor = processor_time(command, expected)
+                self.samples.add(f"copy/wall/300M/{who}", (time.perf_counter() - started) * 1e6)
+                self.samples.add(f"copy/process/300M/{who}", processor)
+                if subprocess.run(["cmp", "-s", source, target]).returncode != 0:
+                    raise SystemExit(f"{who} did not copy")
+                target.unlink()
+        source.unlink()
+
+    def memory(self, kind, size, label):
+        path = self.folder / "document.xml"
+        program = str(self.bounds / "parsememory")
+        subprocess.run([program, kind, str(size), path], check=True)
+        grown = subprocess.run([program, path], capture_output=True, text=True, check=True)
+        self.samples.add(f"parse memory/{kind}/{label}/project", int(grown.stdout))
+        self.samples.add(f"parse memory/{kind}/{label}/the document", path.stat().st_size)
+        path.unlink()
+
+
+def whole_runs(arguments, samples):
+    # In memory, as what a disk adds is the same for all and hides the rest.
+    base = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+    with tempfile.TemporaryDirectory(dir=base) as folder:
+        tree = Path(folder) / "installed"
+        shutil.copytree(arguments.installed, tree)
+        runs = WholeRuns(tree, arguments.build, Path(folder), samples)
+        if samples.wants("getncs"):
+            runs.getncs(100 * arguments.rounds)
+        if samples.wants("start"):
+            runs.start(100 * arguments.rounds)
+        if samples.wants("wipe"):
+            for count in (10, 100, 1000, 10000, 100000) + ((1000000,) if arguments.large else ()):
+                runs.wipe(count, max(1, min(20, 30000 // count)) * arguments.rounds)
+        if samples.wants("copy"):
+            runs.copy(300 << 20, 2 * arguments.rounds)
+        if samples.wants("parse memory"):
+            size, label = (10 ** 8, "100M") if arguments.large else (10 ** 7, "10M")
+            for kind in ("small", "attributes", "texts"):
+                runs.memory(kind, size, label)
+            runs.memory("wide", 10 ** 6, "1000000")
+            runs.memory("deep", 10 ** 5, "100000")
+
+
+def main():
+    arguments = ARGUMENTS.parse_args()
+    samples = Samples(arguments.only)
+    program = [*arguments.runner.split(), str(next((arguments.build / "benchmarks").glob("microbenchmarks*")))]
+    names = [name for name in micro_names(program, arguments.large) if samples.wants(name)]
+    run_micro(program, names, arguments.rounds, samples)
+    if arguments.installed:
+        whole_runs(arguments, samples)
+    arguments.out.write_text(json.dumps(samples.all, indent=1))
+
+
+if __name__ == "__main__":
+    main()
