@@ -37,6 +37,7 @@ stopWindows()
 startDisplay()
 {
     mkdir -p build
+    rm -f build/display # that of an earlier run would be taken for the answer
     Xvfb -displayfd 3 -screen 0 1280x1024x24 -nolisten tcp 3>build/display >build/display.log 2>&1 &
     displayProcess=$!
     local patience=200
