@@ -49,8 +49,7 @@ bool readPlatform(bool debug, const arguments& given, request& asked)
 {
     string tavenFolder;
     string zoffset = u"0";
-    readSwitches(given,
-                 {{u"-tavenfldr:", &tavenFolder}, {u"-platform:", &asked.platform}, {u"-zoffset:", &zoffset}});
+    readSwitches(given, {{u"-tavenfldr:", &tavenFolder}, {u"-platform:", &asked.platform}, {u"-zoffset:", &zoffset}});
 
     if (!takeFolder(asked.taven, tavenFolder, debug, u"Taven folder \"%s\" not found")) return false;
     if (orlo::typeconvert::convert(asked.zoffset, zoffset)) return true;
@@ -69,15 +68,14 @@ void addMessage(xmlDocument& document, const char16_t* type, locString& title, l
 void addNotMeasured(xmlDocument& document, const request& asked, locString& title)
 {
     const bool built = file(asked.taven, asked.platform + u".xml").exists();
-    locString message = built
-        ? locString(u"measureNotFound",
-                    u"Measured data for platform \"[platform]\" not found!\n"
-                    u"Please measure platform before starting toolpath calculations!",
-                    languageFile)
-        : locString(u"infoNotFound",
-                    u"Platform information for \"[platform]\" not found!\n"
-                    u"Please use build process before starting toolpath calculations!",
-                    languageFile);
+    locString message = built ? locString(u"measureNotFound",
+                                          u"Measured data for platform \"[platform]\" not found!\n"
+                                          u"Please measure platform before starting toolpath calculations!",
+                                          languageFile)
+                              : locString(u"infoNotFound",
+                                          u"Platform information for \"[platform]\" not found!\n"
+                                          u"Please use build process before starting toolpath calculations!",
+                                          languageFile);
     message.setParam(asked.platform, u"platform");
     addMessage(document, u"error", title, message);
 }
@@ -140,9 +138,8 @@ std::optional<platformFrame> frameOf(const file& measuring, const measuringData&
     try {
         return calculatePlatformFrame(data.cylinders, zoffset);
     } catch (...) {
-        orlo::reportMessage(
-            u"File \"%s\" contains invalid measuring points - Error calculating new coordinate system",
-            measuring.path());
+        orlo::reportMessage(u"File \"%s\" contains invalid measuring points - Error calculating new coordinate system",
+                            measuring.path());
         return std::nullopt;
     }
 }

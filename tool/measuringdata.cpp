@@ -114,7 +114,8 @@ private:
         }
 
         const string name = attributeOf(node, u"Name");
-        if (!allSeen(axes)) return refuse(u"File \"%s\" doesn't contains incomplete axis values for point \"%s\"", name);
+        if (!allSeen(axes))
+            return refuse(u"File \"%s\" doesn't contains incomplete axis values for point \"%s\"", name);
         const std::size_t index = indexOf(names, name);
         if (index == names.size()) return refuse(u"File \"%s\" doesn't contains unknown pointdata \"%s\"", name);
         seen[index] = true;

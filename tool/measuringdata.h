@@ -11,7 +11,7 @@
 namespace taven {
 
 struct measuringData {
-    orlo::string measuredAt; // for the user: local time in the user's own format
+    orlo::string measuredAt;                   // for the user: local time in the user's own format
     std::array<orloGeo::point3d, 4> cylinders; // cylinder1 to cylinder4
 };
 

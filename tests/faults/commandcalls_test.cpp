@@ -163,18 +163,20 @@ traces afterSlicing(const madeCall& call, const std::vector<string>& boxes)
 
 TEST(slistatCalls, eachFailureHasTheOutcomeThatItsStepTells)
 {
-    failEach(slicing::prepare, [] { return slicing::run(); },
-             [](const madeCall& call) { return afterSlicing(call, {}); });
+    failEach(
+        slicing::prepare, [] { return slicing::run(); }, [](const madeCall& call) { return afterSlicing(call, {}); });
 }
 
 TEST(slistatCalls, reportsUnderTheDebugSwitchWhateverFails)
 {
-    failEach(slicing::prepare, [] { return slicing::run({u"-debug"}); }, [](const madeCall& call) {
-        const bool lost = call.operation == "showMessageBox";
-        traces wanted = afterSlicing(call, {u"Status message: \"ended_success\""});
-        if (lost) wanted.boxes.clear();
-        return wanted;
-    });
+    failEach(
+        slicing::prepare, [] { return slicing::run({u"-debug"}); },
+        [](const madeCall& call) {
+            const bool lost = call.operation == "showMessageBox";
+            traces wanted = afterSlicing(call, {u"Status message: \"ended_success\""});
+            if (lost) wanted.boxes.clear();
+            return wanted;
+        });
 }
 
 namespace {
@@ -189,10 +191,11 @@ traces afterAsking(const madeCall& call)
     // Asked for existence, then for its size by the load.
     if (question && call.subject == narrow(asking::measuringPath)) {
         if (call.nth > 1) return tracesNow(0, {unusable});
-        here.addFile(asking::resultPath,
-                     "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message type=\"error\""
-                     " title=\"taven-kolve Morrel\">Measured data for platform &quot;P1&quot; not found!\n"
-                     "Please measure platform before starting toolpath calculations!</message>\n</getNCSResult>\n");
+        here.addFile(
+            asking::resultPath,
+            "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message type=\"error\""
+            " title=\"taven-kolve Morrel\">Measured data for platform &quot;P1&quot; not found!\n"
+            "Please measure platform before starting toolpath calculations!</message>\n</getNCSResult>\n");
         return tracesNow(1);
     }
     const bool loads = call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
@@ -216,8 +219,8 @@ traces afterAsking(const madeCall& call)
         return tracesNow(-1, {}, outcome::libraryFailure);
     }
     const bool timeIsLost = isOneOf(call.operation, {"secondsOf", "localTime", "formatTime"});
-    here.addFile(asking::resultPath, timeIsLost ? asking::answer("taven-kolve Morrel", asking::defaultMessage(""))
-                                                : asking::defaultAnswer);
+    here.addFile(asking::resultPath,
+                 timeIsLost ? asking::answer("taven-kolve Morrel", asking::defaultMessage("")) : asking::defaultAnswer);
     return tracesNow(1);
 }
 
@@ -225,5 +228,6 @@ traces afterAsking(const madeCall& call)
 
 TEST(getncsCalls, eachFailureHasTheOutcomeThatItsStepTells)
 {
-    failEach(asking::prepare, [] { return asking::run(); }, afterAsking);
+    failEach(
+        asking::prepare, [] { return asking::run(); }, afterAsking);
 }

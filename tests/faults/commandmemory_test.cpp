@@ -171,7 +171,8 @@ TEST(getncsMemory, usesDefaultTextsWhereTheLanguageFileCannotBeRead)
         usedDefault = usedDefault || result == asking::answer("A title of some length", defaultMessages[0]) ||
                       result == asking::answer("taven-kolve Morrel", messages[0]);
     };
-    refuseEach(prepare, [] { return asking::run(); }, judge, allocationFault::lasting::once);
+    refuseEach(
+        prepare, [] { return asking::run(); }, judge, allocationFault::lasting::once);
     EXPECT_TRUE(usedDefault);
     EXPECT_EQ(machine::current().content(asking::resultPath), answers[0]) << "the last run, in which nothing failed";
 }

@@ -30,8 +30,8 @@ inline void prepare()
 
 inline std::int32_t run(const std::vector<string>& more = {})
 {
-    std::vector<string> given{u"-cmd:slistat", u"-stat:ended_success", u"-slifldr:C:\\slices",
-                              u"-tavenfldr:C:\\taven", u"-platform:P1"};
+    std::vector<string> given{u"-cmd:slistat", u"-stat:ended_success", u"-slifldr:C:\\slices", u"-tavenfldr:C:\\taven",
+                              u"-platform:P1"};
     given.insert(given.end(), more.begin(), more.end());
     return taven::tests::run(given);
 }
@@ -92,8 +92,8 @@ inline void prepare()
 
 inline std::int32_t run(const std::vector<string>& more = {})
 {
-    std::vector<string> given{u"-cmd:getncs", string(u"-out:") + resultPath, u"-tavenfldr:C:\\taven",
-                              u"-platform:P1", u"-zoffset:0.25"};
+    std::vector<string> given{u"-cmd:getncs", string(u"-out:") + resultPath, u"-tavenfldr:C:\\taven", u"-platform:P1",
+                              u"-zoffset:0.25"};
     given.insert(given.end(), more.begin(), more.end());
     return taven::tests::run(given);
 }

@@ -36,7 +36,10 @@ struct textRow {
 
 void runRows(const std::vector<textRow>& rows)
 {
-    for (const textRow& row : rows) faultRounds(row.name, [&row] { return row.before; }, row.change, same).run();
+    for (const textRow& row : rows)
+        faultRounds(
+            row.name, [&row] { return row.before; }, row.change, same)
+            .run();
 }
 
 string unitsOf(std::size_t count)
@@ -117,10 +120,14 @@ TEST(textMemory, templatesAreFilledOrStayOpen)
 {
     const auto view = [](const stringTemplate& text) { return text.text(); };
     const auto make = [] { return stringTemplate(u"a place for [name] in a longer text"); };
-    faultRounds("text", make, [](stringTemplate& text) { text.insertValue(longText.c_str(), u"name"); }, view).run();
-    faultRounds("number", make, [](stringTemplate& text) { text.insertValue(123456789.0, u"name"); }, view).run();
-    faultRounds("copy", make, [](stringTemplate& text) { text = stringTemplate(stringTemplate(longText.c_str())); },
-                view)
+    faultRounds(
+        "text", make, [](stringTemplate& text) { text.insertValue(longText.c_str(), u"name"); }, view)
+        .run();
+    faultRounds(
+        "number", make, [](stringTemplate& text) { text.insertValue(123456789.0, u"name"); }, view)
+        .run();
+    faultRounds(
+        "copy", make, [](stringTemplate& text) { text = stringTemplate(stringTemplate(longText.c_str())); }, view)
         .run();
     faultRounds(
         "very wide", [] { return stringTemplate(u"[name:%2000d]"); },
@@ -151,7 +158,8 @@ TEST(pathMemory, pathsAreGivenWholeOrNotAtAll)
     runRows({
         {"normalizePath", longText,
          [](string& text) { text = normalizePath(u"one directory/../another directory//name", true); }},
-        {"normalizePath with a variable", longText, [](string& text) { text = normalizePath(u"%SOMEWHERE%\\x", true); }},
+        {"normalizePath with a variable", longText,
+         [](string& text) { text = normalizePath(u"%SOMEWHERE%\\x", true); }},
         {"combinePath", path, [](string& text) { text = combinePath(text, u"..\\below\\another name", false); }},
         {"ensureTrailingSeparator", unitsOf(15), [](string& text) { ensureTrailingSeparator(text); }},
         {"pathRoot", u"\\\\a server\\a shared folder\\x", [](string& text) { text = pathRoot(text); }},
@@ -164,7 +172,8 @@ TEST(pathMemory, pathsAreGivenWholeOrNotAtAll)
              splitPath(text, parts[0], parts[1], parts[2], parts[3], true);
              text = parts[0] + parts[1] + parts[2] + parts[3];
          }},
-        {"getEnvironmentVariable", u"", [](string& text) {
+        {"getEnvironmentVariable", u"",
+         [](string& text) {
              string value;
              text = getEnvironmentVariable((u"SOME" + string(u"WHERE")).c_str(), value) ? value : longText;
          }},
@@ -178,18 +187,26 @@ TEST(pathMemory, entriesKeepTheirPaths)
     const auto view = [](const fsEntry& entry) { return entry.path(); };
     const auto makeFile = [&] { return file(place); };
     const auto makeDirectory = [&] { return directory(place); };
-    faultRounds("file from two", makeFile, [&](file& entry) { entry = file(place, longText); }, view).run();
-    faultRounds("file of an entry", makeFile, [](file& entry) { entry = file(entry, longText); }, view).run();
-    faultRounds("file setPath", makeFile, [](file& entry) { entry.setPath(unitsOf(200)); }, view).run();
-    faultRounds("directory from two", makeDirectory, [&](directory& entry) { entry = directory(place, longText); },
-                view)
+    faultRounds(
+        "file from two", makeFile, [&](file& entry) { entry = file(place, longText); }, view)
+        .run();
+    faultRounds(
+        "file of an entry", makeFile, [](file& entry) { entry = file(entry, longText); }, view)
+        .run();
+    faultRounds(
+        "file setPath", makeFile, [](file& entry) { entry.setPath(unitsOf(200)); }, view)
+        .run();
+    faultRounds(
+        "directory from two", makeDirectory, [&](directory& entry) { entry = directory(place, longText); }, view)
         .run();
     // The path alone fills its room, so that the separator has to ask for more.
     const string longer = u"C:\\" + unitsOf(60);
     faultRounds(
         "directory setPath", [] { return directory(); }, [&](directory& entry) { entry.setPath(longer); }, view)
         .run();
-    faultRounds("isRemote", makeFile, [](file& entry) { static_cast<void>(entry.isRemote()); }, view).run();
+    faultRounds(
+        "isRemote", makeFile, [](file& entry) { static_cast<void>(entry.isRemote()); }, view)
+        .run();
 }
 
 namespace {
@@ -294,7 +311,9 @@ template <class To, class From>
 void runConversion(const char* name, const To& before, const From& from)
 {
     const auto view = [](const To& value) { return textOf(value); };
-    faultRounds(name, [&] { return before; }, [&](To& to) { typeconvert::convert(to, from); }, view).run();
+    faultRounds(
+        name, [&] { return before; }, [&](To& to) { typeconvert::convert(to, from); }, view)
+        .run();
 }
 
 } // namespace
@@ -377,14 +396,16 @@ TEST_F(libraryMemory, localisedTextsAreRenderedOrTheFailurePasses)
         return locString(u"a key of some length", u"a default text with [a parameter]", u"some language.loc");
     };
     const auto view = [](const locString& text) { return string(text.getText()); };
-    faultRounds("setParam", make, [](locString& text) { text.setParam(u"a value of some length", u"a parameter"); },
-                view)
+    faultRounds(
+        "setParam", make, [](locString& text) { text.setParam(u"a value of some length", u"a parameter"); }, view)
         .mayDoWithout()
         .run();
-    faultRounds("copy", make, [](locString& text) { text = locString(locString(u"another key", longText.c_str())); },
-                view)
+    faultRounds(
+        "copy", make, [](locString& text) { text = locString(locString(u"another key", longText.c_str())); }, view)
         .run();
-    faultRounds("getText", make, [](locString& text) { static_cast<void>(text.getText()); }, view).run();
+    faultRounds(
+        "getText", make, [](locString& text) { static_cast<void>(text.getText()); }, view)
+        .run();
     faultRounds(
         "getKey", [] { return string(); },
         [&make](string& key) {
@@ -413,10 +434,10 @@ TEST_F(libraryMemory, aLanguageIsSetWithItsListenersToldOrNotAtAll)
         return 0;
     };
     // The text shows which language the table holds.
-    const auto view = [](int) {
-        return told + u":" + locString(u"key", u"none", u"memory.loc").getText();
-    };
-    faultRounds("setLanguage", make, [&table](int) { table.setLanguage(u"the language behind"); }, view).run();
+    const auto view = [](int) { return told + u":" + locString(u"key", u"none", u"memory.loc").getText(); };
+    faultRounds(
+        "setLanguage", make, [&table](int) { table.setLanguage(u"the language behind"); }, view)
+        .run();
     table.removeListener(listener);
 }
 
@@ -449,7 +470,11 @@ TEST_F(libraryMemory, aLanguageFileIsReadWhollyOrFindsNothing)
         return made;
     };
     faultRounds(
-        "locFile", [] { addLanguageFiles(); return std::optional<locFile>(); },
+        "locFile",
+        [] {
+            addLanguageFiles();
+            return std::optional<locFile>();
+        },
         [](std::optional<locFile>& made) { made.emplace(file(string(u"C:\\l\\main file.loc"))); },
         [](const std::optional<locFile>& made) { return made ? made->path() : string(); })
         .run();
@@ -519,15 +544,22 @@ TEST_F(libraryMemory, exceptionsAreMadeWholeOrTheFailureOfMemoryLeavesInstead)
     const auto make = [] { return 0; };
     const auto view = [](int) { return string(); };
     const readFileException inner(concerned, nullptr);
-    faultRounds("fileNotFound", make, [&](int) { static_cast<void>(fileNotFoundException(concerned)); }, view)
+    faultRounds(
+        "fileNotFound", make, [&](int) { static_cast<void>(fileNotFoundException(concerned)); }, view)
         .mayDoWithout()
         .run();
-    faultRounds("writeFile", make, [&](int) { static_cast<void>(writeFileException(concerned, &inner)); }, view).run();
-    faultRounds("unexpectedError", make, [&](int) { static_cast<void>(unexpectedErrorException(u"%s", longText)); },
-                view)
+    faultRounds(
+        "writeFile", make, [&](int) { static_cast<void>(writeFileException(concerned, &inner)); }, view)
         .run();
-    faultRounds("outOfMemory", make, [&](int) { static_cast<void>(outOfMemoryException()); }, view).run();
-    faultRounds("copy", make, [&](int) { static_cast<void>(readFileException(inner)); }, view).run();
+    faultRounds(
+        "unexpectedError", make, [&](int) { static_cast<void>(unexpectedErrorException(u"%s", longText)); }, view)
+        .run();
+    faultRounds(
+        "outOfMemory", make, [&](int) { static_cast<void>(outOfMemoryException()); }, view)
+        .run();
+    faultRounds(
+        "copy", make, [&](int) { static_cast<void>(readFileException(inner)); }, view)
+        .run();
 }
 
 TEST_F(libraryMemory, aReportIsShownWithoutItsOwnerWhereNoMemoryIsLeft)
@@ -565,8 +597,9 @@ string written(const documentPointer& document)
     return text;
 }
 
-const char* const sample = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a name of some length='a value &amp; more of it'>"
-                           "a text of some length<child b=\"2\">another text &lt; that</child><e/></a>";
+const char* const sample =
+    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<a name of some length='a value &amp; more of it'>"
+    "a text of some length<child b=\"2\">another text &lt; that</child><e/></a>";
 
 // More children than the reader has room for at first.
 std::string wideDocument()
@@ -589,17 +622,22 @@ documentPointer sampleTree()
 TEST(treeMemory, growsByWholeNodesAndAttributes)
 {
     const auto make = [] { return sampleTree(); };
-    faultRounds("addChild", make, [](documentPointer& tree) { tree->addChild(u"a new child of some length"); }, written)
+    faultRounds(
+        "addChild", make, [](documentPointer& tree) { tree->addChild(u"a new child of some length"); }, written)
         .run();
-    faultRounds("new attribute", make,
-                [](documentPointer& tree) { tree->setAttribute(u"a new one of them", u"a value of some length"); },
-                written)
+    faultRounds(
+        "new attribute", make,
+        [](documentPointer& tree) { tree->setAttribute(u"a new one of them", u"a value of some length"); }, written)
         .run();
-    faultRounds("old attribute", make,
-                [](documentPointer& tree) { tree->children[0]->setAttribute(u"b", longText); }, written)
+    faultRounds(
+        "old attribute", make, [](documentPointer& tree) { tree->children[0]->setAttribute(u"b", longText); }, written)
         .run();
-    faultRounds("createNode", make, [](documentPointer&) { xmlNode::createNode(longText); }, written).run();
-    faultRounds("createDocument", make, [](documentPointer&) { xmlDocument::createDocument(); }, written).run();
+    faultRounds(
+        "createNode", make, [](documentPointer&) { xmlNode::createNode(longText); }, written)
+        .run();
+    faultRounds(
+        "createDocument", make, [](documentPointer&) { xmlDocument::createDocument(); }, written)
+        .run();
 }
 
 TEST(treeMemory, readingFailsByTheLibrarysOwnException)
@@ -640,7 +678,9 @@ TEST(treeMemory, writingEndsByTheFailureAlone)
     for (const xmlEncoding encoding : {xmlEncoding::utf8, xmlEncoding::utf16}) {
         faultRounds(
             "writeBuffer", [] { return std::make_unique<byteBuffer>(); },
-            [encoding, tree = sampleTree()](const std::unique_ptr<byteBuffer>& out) { tree->writeBuffer(*out, encoding); },
+            [encoding, tree = sampleTree()](const std::unique_ptr<byteBuffer>& out) {
+                tree->writeBuffer(*out, encoding);
+            },
             [](const std::unique_ptr<byteBuffer>& out) {
                 return string(std::string(out->data(), out->data() + out->size()).c_str());
             })

@@ -20,7 +20,10 @@ const string unknownCommand(const string& word)
 }
 
 string languageTold;
-void noteLanguage(const char16_t*, const char16_t* now) { languageTold = now; }
+void noteLanguage(const char16_t*, const char16_t* now)
+{
+    languageTold = now;
+}
 
 // The language that a run hands to the table.
 string languageOf(const std::vector<string>& given)

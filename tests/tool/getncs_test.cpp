@@ -14,22 +14,22 @@ const std::string head = mark + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<ge
 
 std::string messageOnly(const std::string& message)
 {
-    return head + "   <message type=\"error\" title=\"taven-kolve Morrel\">" + message + "</message>\n</getNCSResult>\n";
+    return head + "   <message type=\"error\" title=\"taven-kolve Morrel\">" + message +
+           "</message>\n</getNCSResult>\n";
 }
 
-const std::string infoNotFound = messageOnly(
-    "Platform information for &quot;P1&quot; not found!\n"
-    "Please use build process before starting toolpath calculations!");
-const std::string measureNotFound = messageOnly(
-    "Measured data for platform &quot;P1&quot; not found!\n"
-    "Please measure platform before starting toolpath calculations!");
+const std::string infoNotFound = messageOnly("Platform information for &quot;P1&quot; not found!\n"
+                                             "Please use build process before starting toolpath calculations!");
+const std::string measureNotFound = messageOnly("Measured data for platform &quot;P1&quot; not found!\n"
+                                                "Please measure platform before starting toolpath calculations!");
 
 std::string confirm(const std::string& frames)
 {
-    return head
-        + "   <message type=\"confirm\" title=\"taven-kolve Morrel\">Measured data for platform &quot;P1&quot; found!&quot;\n"
-          "Platform measured on Tue Mar  5 12:30:15 2024</message>\n"
-        + frames + "</getNCSResult>\n";
+    return head +
+           "   <message type=\"confirm\" title=\"taven-kolve Morrel\">Measured data for platform &quot;P1&quot; "
+           "found!&quot;\n"
+           "Platform measured on Tue Mar  5 12:30:15 2024</message>\n" +
+           frames + "</getNCSResult>\n";
 }
 
 const std::string workedExampleFrames =
@@ -40,21 +40,21 @@ const std::string workedExampleFrames =
 
 std::string pointElement(int number, const std::string& x, const std::string& y, const std::string& z)
 {
-    return "<measuringpoint Name=\"cylinder" + std::to_string(number) + "\"><axis Name=\"x\">" + x
-        + "</axis><axis Name=\"y\">" + y + "</axis><axis Name=\"z\">" + z + "</axis></measuringpoint>";
+    return "<measuringpoint Name=\"cylinder" + std::to_string(number) + "\"><axis Name=\"x\">" + x +
+           "</axis><axis Name=\"y\">" + y + "</axis><axis Name=\"z\">" + z + "</axis></measuringpoint>";
 }
 
 std::string measured(const std::string& points)
 {
     return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<measuringdata PlatformName=\"P1\" CreationDate=\"2024-02-05Z\""
-           " CreationTime=\"12:30:15Z\">"
-        + points + "</measuringdata>\n";
+           " CreationTime=\"12:30:15Z\">" +
+           points + "</measuringdata>\n";
 }
 
-const std::string workedExample = measured(pointElement(1, "1", "11", "2") + pointElement(2, "21", "11", "3")
-                                           + pointElement(3, "21", "1", "2") + pointElement(4, "1", "1", "1"));
-const std::string equalPoints = measured(pointElement(1, "1", "1", "1") + pointElement(2, "1", "1", "1")
-                                         + pointElement(3, "1", "1", "1") + pointElement(4, "1", "1", "1"));
+const std::string workedExample = measured(pointElement(1, "1", "11", "2") + pointElement(2, "21", "11", "3") +
+                                           pointElement(3, "21", "1", "2") + pointElement(4, "1", "1", "1"));
+const std::string equalPoints = measured(pointElement(1, "1", "1", "1") + pointElement(2, "1", "1", "1") +
+                                         pointElement(3, "1", "1", "1") + pointElement(4, "1", "1", "1"));
 
 const char16_t* const resultPath = u"C:\\out\\result.xml";
 const char16_t* const measuringPath = u"C:\\taven\\MeasuringData_P1.xml";
@@ -215,8 +215,8 @@ TEST_F(getncs, endsAfterTheRefusalOfTheMeasuringData)
 TEST_F(getncs, reportsPointsThatGiveNoSystem)
 {
     addMeasuring(equalPoints);
-    expectRefusal(string(u"File \"") + measuringPath
-                  + u"\" contains invalid measuring points - Error calculating new coordinate system");
+    expectRefusal(string(u"File \"") + measuringPath +
+                  u"\" contains invalid measuring points - Error calculating new coordinate system");
 }
 
 TEST_F(getncs, replacesAnOlderAnswer)
@@ -239,8 +239,9 @@ TEST_F(getncs, takesTextsFromTheLanguageFile)
     m.addFile(u"C:\\tool\\config\\Language\\german\\language.loc",
               mark + "brx_msgTitle Titel\ninfoNotFound Zur Plattform [platform] ist nichts bekannt\n");
     EXPECT_EQ(ask({u"-language:german"}), 1);
-    EXPECT_EQ(result(), head + "   <message type=\"error\" title=\"Titel\">Zur Plattform P1 ist nichts bekannt</message>\n"
-                               "</getNCSResult>\n");
+    EXPECT_EQ(result(), head +
+                            "   <message type=\"error\" title=\"Titel\">Zur Plattform P1 ist nichts bekannt</message>\n"
+                            "</getNCSResult>\n");
 }
 
 TEST_F(getncs, fillsTheDefaultTextWhereTheLanguageFileLacksTheKey)

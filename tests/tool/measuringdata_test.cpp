@@ -12,10 +12,14 @@ using orloGeo::point3d;
 
 namespace {
 
-const char* const cylinder1 = R"(<measuringpoint Name="cylinder1"><axis Name="x">1</axis><axis Name="y">11</axis><axis Name="z">2</axis></measuringpoint>)";
-const char* const cylinder2 = R"(<measuringpoint Name="cylinder2"><axis Name="x">21</axis><axis Name="y">11</axis><axis Name="z">3</axis></measuringpoint>)";
-const char* const cylinder3 = R"(<measuringpoint Name="cylinder3"><axis Name="x">21</axis><axis Name="y">1</axis><axis Name="z">2</axis></measuringpoint>)";
-const char* const cylinder4 = R"(<measuringpoint Name="cylinder4"><axis Name="x">1</axis><axis Name="y">1</axis><axis Name="z">1</axis></measuringpoint>)";
+const char* const cylinder1 =
+    R"(<measuringpoint Name="cylinder1"><axis Name="x">1</axis><axis Name="y">11</axis><axis Name="z">2</axis></measuringpoint>)";
+const char* const cylinder2 =
+    R"(<measuringpoint Name="cylinder2"><axis Name="x">21</axis><axis Name="y">11</axis><axis Name="z">3</axis></measuringpoint>)";
+const char* const cylinder3 =
+    R"(<measuringpoint Name="cylinder3"><axis Name="x">21</axis><axis Name="y">1</axis><axis Name="z">2</axis></measuringpoint>)";
+const char* const cylinder4 =
+    R"(<measuringpoint Name="cylinder4"><axis Name="x">1</axis><axis Name="y">1</axis><axis Name="z">1</axis></measuringpoint>)";
 
 const std::string rootAttributes = R"(PlatformName="P1" CreationDate="2024-02-05Z" CreationTime="12:30:15Z")";
 
@@ -73,14 +77,14 @@ TEST_F(measuringFile, givesTheFourCylindersInTheirOrder)
 {
     const auto data = read(document({cylinder4, cylinder2, cylinder3, cylinder1}));
     ASSERT_TRUE(data);
-    EXPECT_EQ(data->cylinders, (std::array{point3d(1, 11, 2), point3d(21, 11, 3), point3d(21, 1, 2), point3d(1, 1, 1)}));
+    EXPECT_EQ(data->cylinders,
+              (std::array{point3d(1, 11, 2), point3d(21, 11, 3), point3d(21, 1, 2), point3d(1, 1, 1)}));
     EXPECT_TRUE(boxes().empty());
 }
 
 TEST_F(measuringFile, ofAnotherPlatformIsRefusedCaseSensitively)
 {
-    EXPECT_EQ(refusalOf(allPoints(), u"p1"),
-              u"File \"C:\\taven\\m.xml\" doesn't contain data from platform \"p1\"");
+    EXPECT_EQ(refusalOf(allPoints(), u"p1"), u"File \"C:\\taven\\m.xml\" doesn't contain data from platform \"p1\"");
     EXPECT_EQ(refusalOf(document({}, ""), u"P1"),
               u"File \"C:\\taven\\m.xml\" doesn't contain data from platform \"P1\"");
 }
@@ -111,16 +115,16 @@ TEST_F(measuringFile, distinguishesCaseOfAttributeNames)
 
 TEST_F(measuringFile, takesAxesInAnyOrderAndCase)
 {
-    const auto data = read(document({point("cylinder1", axis("Z", "3") + axis("X", "1") + axis("Y", "2")), cylinder2,
-                                     cylinder3, cylinder4}));
+    const auto data = read(document(
+        {point("cylinder1", axis("Z", "3") + axis("X", "1") + axis("Y", "2")), cylinder2, cylinder3, cylinder4}));
     ASSERT_TRUE(data);
     EXPECT_EQ(data->cylinders[0], point3d(1, 2, 3));
 }
 
 TEST_F(measuringFile, passesOverUnknownAxes)
 {
-    EXPECT_TRUE(read(document({point("cylinder1", axis("w", "no number") + "<axis>4</axis>" + threeAxes), cylinder2,
-                               cylinder3, cylinder4})));
+    EXPECT_TRUE(read(document(
+        {point("cylinder1", axis("w", "no number") + "<axis>4</axis>" + threeAxes), cylinder2, cylinder3, cylinder4})));
     EXPECT_TRUE(boxes().empty());
 }
 
@@ -223,8 +227,8 @@ TEST_F(measuringFile, timeIsShownWithTheMonthBehindTheOneRead)
         {"2024-00-30Z", "25:61:61Z", u"Wed Jan 31 02:02:01 2024"},
     };
     for (const auto& row : rows) {
-        const std::string attributes = std::string("PlatformName=\"P1\" CreationDate=\"") + row.date
-            + "\" CreationTime=\"" + row.time + "\"";
+        const std::string attributes =
+            std::string("PlatformName=\"P1\" CreationDate=\"") + row.date + "\" CreationTime=\"" + row.time + "\"";
         const auto data = read(document({cylinder1, cylinder2, cylinder3, cylinder4}, attributes));
         ASSERT_TRUE(data);
         EXPECT_EQ(data->measuredAt, row.shown) << row.date;

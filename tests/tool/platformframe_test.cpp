@@ -127,7 +127,8 @@ TEST(platformFrame, letsTheNormalWinOverTheSides)
 {
     // Not coplanar: P1 and P3 stand higher.
     const points bent{point3d(0, 10, 1), point3d(20, 10, 0), point3d(20, 0, 1), point3d(0, 0, 0)};
-    const vector3d normal = normalized(cross(bent[2] - bent[3], bent[0] - bent[3]) + cross(bent[0] - bent[1], bent[2] - bent[1]));
+    const vector3d normal =
+        normalized(cross(bent[2] - bent[3], bent[0] - bent[3]) + cross(bent[0] - bent[1], bent[2] - bent[1]));
     const matrix4d cs = calculatePlatformFrame(bent, 0).cs;
     EXPECT_NEAR(cs.at(0, 2), normal.x, 1e-15);
     EXPECT_NEAR(cs.at(1, 2), normal.y, 1e-15);
@@ -157,7 +158,8 @@ TEST(platformFrame, refusesPointsThatGiveNone)
     } rows[] = {
         {"four equal points", {p, p, p, p}},
         {"sides in opposite directions", {point3d(0, 10, 0), point3d(20, 10, 0), point3d(0, 0, 0), point3d(20, 0, 0)}},
-        {"sum of the sides at the limit", {point3d(0, 10, 0), point3d(1e-12, 10, 0), point3d(0, 0, 0), point3d(0, 0, 0)}},
+        {"sum of the sides at the limit",
+         {point3d(0, 10, 0), point3d(1e-12, 10, 0), point3d(0, 0, 0), point3d(0, 0, 0)}},
         {"four points on one line", {point3d(0, 0, 0), point3d(1, 0, 0), point3d(3, 0, 0), point3d(2, 0, 0)}},
         {"triangles that cancel", {point3d(0, 10, 0), point3d(20, 0, 0), point3d(20, 10, 0), point3d(0, 0, 0)}},
         {"NaN in x", {point3d(nan, 10, 0), point3d(20, 10, 0), point3d(20, 0, 0), point3d(0, 0, 0)}},

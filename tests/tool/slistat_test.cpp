@@ -27,10 +27,7 @@ protected:
         m.addFile(u"C:\\slices\\screen.png", "new picture");
     }
 
-    static std::int32_t end(const std::vector<string>& more = {})
-    {
-        return runStatus(u"-stat:ended_success", more);
-    }
+    static std::int32_t end(const std::vector<string>& more = {}) { return runStatus(u"-stat:ended_success", more); }
     static std::int32_t start(const std::vector<string>& more = {}) { return runStatus(u"-stat:started", more); }
     static std::int32_t runStatus(const string& status, const std::vector<string>& more)
     {
@@ -83,8 +80,8 @@ TEST_F(slistat, showsNothingWithoutDebug)
 TEST_F(slistat, reportsAMissingTavenFolderByItsNormalisedPath)
 {
     EXPECT_EQ(run({u"-cmd:slistat", u"-debug", u"-stat:started", u"-tavenfldr:none/./x", u"-platform:P1"}), 0);
-    EXPECT_EQ(boxes(), (std::vector<string>{u"Status message: \"started\"",
-                                            u"Taven folder \"C:\\work\\none\\x\\\" not found"}));
+    EXPECT_EQ(boxes(),
+              (std::vector<string>{u"Status message: \"started\"", u"Taven folder \"C:\\work\\none\\x\\\" not found"}));
 }
 
 TEST_F(slistat, takesAMissingFolderSwitchForAMissingFolder)
@@ -220,8 +217,8 @@ TEST_F(slistat, wipesFilesOfThePlatformInAllTheirExtensions)
     machine::current().addFile(u"C:\\taven\\P1", "x");
     machine::current().addFile(u"C:\\taven\\P11.xml", "longer name");
     EXPECT_EQ(start(), 0);
-    EXPECT_EQ(files(), (std::vector<string>{u"C:\\slices\\P1.xml", u"C:\\slices\\screen.png",
-                                            u"C:\\taven\\P11.xml", u"C:\\taven\\P2.xml"}));
+    EXPECT_EQ(files(), (std::vector<string>{u"C:\\slices\\P1.xml", u"C:\\slices\\screen.png", u"C:\\taven\\P11.xml",
+                                            u"C:\\taven\\P2.xml"}));
 }
 
 TEST_F(slistat, doesNotRefuseAnEmptyPlatform)
@@ -232,8 +229,8 @@ TEST_F(slistat, doesNotRefuseAnEmptyPlatform)
     EXPECT_EQ(m.countCalls("findFirst"), 1u);
     EXPECT_FALSE(has(u"C:\\taven\\MeasuringData_.xml"));
     EXPECT_TRUE(has(u"C:\\taven\\MeasuringData_P1.xml"));
-    const auto search = std::find_if(m.calls.begin(), m.calls.end(),
-                                     [](const auto& call) { return call.operation == "findFirst"; });
+    const auto search =
+        std::find_if(m.calls.begin(), m.calls.end(), [](const auto& call) { return call.operation == "findFirst"; });
     EXPECT_EQ(search->subject, u"C:\\taven\\.*");
 }
 

@@ -20,8 +20,14 @@ inline std::int32_t run(const std::vector<string>& given)
     return runTool({static_cast<int>(values.size()), values.data()});
 }
 
-inline std::vector<string> boxes() { return machine::current().boxTexts(); }
-inline std::vector<string> files() { return machine::current().files(); }
+inline std::vector<string> boxes()
+{
+    return machine::current().boxTexts();
+}
+inline std::vector<string> files()
+{
+    return machine::current().files();
+}
 
 // The text of the only box; a text that no box shows if there was not exactly one.
 inline string onlyBox()

@@ -17,8 +17,8 @@ namespace orlo::platform {
 bool access(const string& path, int mode);
 
 struct status {
-    std::uint32_t mode = 0; // bit 16384: a directory
-    std::int64_t size = 0;  // bytes
+    std::uint32_t mode = 0;            // bit 16384: a directory
+    std::int64_t size = 0;             // bytes
     std::int64_t modificationTime = 0; // seconds since 1970
 };
 bool queryStatus(const string& path, status& out);
