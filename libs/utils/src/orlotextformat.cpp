@@ -595,9 +595,11 @@ bool beginsHexadecimal(std::string_view text)
 bool scanGeneral(const char16_t* text, double& magnitude)
 {
     const narrowNumber number(text);
-    if (number.view().starts_with('-')) return false;
-    if (beginsHexadecimal(number.view())) return readForm(number.view().substr(2), std::chars_format::hex, magnitude);
-    return readForm(number.view(), std::chars_format::general, magnitude);
+    // No number goes on at a second sign, but std::from_chars takes "p+-1" for an exponent.
+    const std::string_view view = number.view().substr(0, number.view().find("+-"));
+    if (view.starts_with('-')) return false;
+    if (beginsHexadecimal(view)) return readForm(view.substr(2), std::chars_format::hex, magnitude);
+    return readForm(view, std::chars_format::general, magnitude);
 }
 
 } // namespace
