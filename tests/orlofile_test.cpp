@@ -436,6 +436,22 @@ TEST_F(fileSearchTest, goesOnWhenItsHitsAreRemoved)
     EXPECT_TRUE(here.files().empty());
 }
 
+TEST_F(fileSearchTest, removesItsHitsOnceItHasMovedOn)
+{
+    for (char16_t name = u'a'; name <= u'c'; ++name) here.addFile(u"C:\\d\\" + string(name), "");
+    fileSearch search = folder.findFiles(u"*.*", 0);
+    EXPECT_TRUE(search.removeAndNext());
+    EXPECT_EQ(search.path(), string(u"C:\\d\\b"));
+    EXPECT_TRUE(here.hasFile(u"C:\\d\\b"));
+    EXPECT_FALSE(here.hasFile(u"C:\\d\\a"));
+    here.failCall("removeFile", 1);
+    EXPECT_FALSE(search.removeAndNext());
+    EXPECT_TRUE(search.removeAndNext());
+    EXPECT_TRUE(search.path().empty());
+    EXPECT_FALSE(search.removeAndNext());
+    EXPECT_EQ(here.files(), (paths{u"C:\\d\\b"}));
+}
+
 TEST_F(fileSearchTest, putsThePatternBehindTheStoredPath)
 {
     here.addFile(u"C:\\d\\sub\\a.x", "");

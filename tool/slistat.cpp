@@ -21,11 +21,7 @@ namespace {
 void wipePlatformFiles(const directory& taven, const string& platform)
 {
     auto hit = taven.findFiles(platform + u".*", orlo::skipHiddenAndSystem);
-    while (!hit.path().empty()) {
-        const file stale(hit);
-        hit.next(); // before the file goes, so that the search never stands on a missing one
-        stale.remove();
-    }
+    while (!hit.path().empty()) hit.removeAndNext();
 }
 
 bool isImage(const file& candidate)

@@ -449,6 +449,12 @@ bool findNext(searchHandle search, searchHit& hit)
     return !call.fails() && found != internals().searches.end() && advance(found->second, hit);
 }
 
+// The same to this machine, and to those who watch it.
+bool removeHit(searchHandle, const string& path)
+{
+    return removeFile(path);
+}
+
 void findClose(searchHandle search)
 {
     const observedCall call("findClose");

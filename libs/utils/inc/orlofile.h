@@ -85,6 +85,8 @@ public:
     bool next();
     // Of the current hit.
     [[nodiscard]] const string& name() const { return m_name; }
+    // Deletes an earlier hit; `path` is the searched directory's with the hit's name.
+    [[nodiscard]] bool remove(const string& path) const;
 
 private:
     bool accept(platform::searchHit& hit);
@@ -107,11 +109,16 @@ public:
     fileSearch(const directory& where, const string& pattern, std::uint32_t skipAttributes);
     // Moves to the next hit, or leaves the path empty.
     void next();
+    // Moves on, and then deletes the file that was the hit, so that the search never stands on
+    // a missing one. False if the system refuses. Cheaper than remove(), which starts anew.
+    bool removeAndNext();
 
 private:
     void takeHit();
+    [[nodiscard]] bool isNamedAsFound() const;
 
     string m_hitPrefix;
+    bool m_staysInDirectory; // the pattern leads to no other one
     detail::entrySearch m_search;
 };
 

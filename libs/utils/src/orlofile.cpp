@@ -116,6 +116,11 @@ bool entrySearch::next()
     return false;
 }
 
+bool entrySearch::remove(const string& path) const
+{
+    return platform::removeHit(m_handle, path);
+}
+
 bool entrySearch::accept(platform::searchHit& hit)
 {
     const bool wanted = (hit.attributes & m_skipAttributes) == 0 &&
@@ -128,7 +133,8 @@ bool entrySearch::accept(platform::searchHit& hit)
 } // namespace detail
 
 fileSearch::fileSearch(const directory& where, const string& pattern, std::uint32_t skipAttributes)
-    : m_hitPrefix(where.path()), m_search(skipAttributes | attributeSubdirectory, 0)
+    : m_hitPrefix(where.path()), m_staysInDirectory(pattern.find_first_of(u"\\/") == pattern.npos),
+      m_search(skipAttributes | attributeSubdirectory, 0)
 {
     // A prefix in the normal form lets each hit's path be normal as it is put together.
     if (m_hitPrefix.empty() || normalizePath(m_hitPrefix, true) != m_hitPrefix) m_hitPrefix.push_back(u'\\');
@@ -144,9 +150,26 @@ void fileSearch::next()
     while (m_path.empty() && m_search.next()) takeHit();
 }
 
+bool fileSearch::removeAndNext()
+{
+    const file doomed(*this);
+    const bool asFound = isNamedAsFound();
+    next();
+    return asFound ? m_search.remove(doomed.path()) : doomed.remove();
+}
+
 void fileSearch::takeHit()
 {
     m_path = normalizePath(m_hitPrefix + m_search.name(), false);
+}
+
+// The path of a hit need not lead to what was found: a pattern may lead elsewhere, and a name
+// may hold a variable.
+bool fileSearch::isNamedAsFound() const
+{
+    const string& name = m_search.name();
+    return m_staysInDirectory && m_path.size() == m_hitPrefix.size() + name.size() && m_path.starts_with(m_hitPrefix) &&
+           m_path.ends_with(name);
 }
 
 namespace {

@@ -47,6 +47,9 @@ inline constexpr searchHandle noSearch = -1;
 // hit; noSearch if there is none. Attributes outside `wanted` may be left clear.
 searchHandle findFirst(const string& pattern, std::uint32_t wanted, searchHit& hit);
 bool findNext(searchHandle search, searchHit& hit);
+// Deletes a hit that was no directory, also once the search has moved on; `path` is the
+// searched directory's with the hit's name.
+bool removeHit(searchHandle search, const string& path);
 void findClose(searchHandle search);
 
 // --- Contents ------------------------------------------------------------------------------
