@@ -10,6 +10,7 @@ declare -A proofOf=(
     [doxygen]=doxygen
     [g++]=g++
     [g++-mingw-w64-x86-64-posix]=x86_64-w64-mingw32-g++-posix
+    [gcovr]=gcovr
     [googletest]=/usr/src/googletest/CMakeLists.txt
     [libxml2-utils]=xmllint
     [locales]=/usr/share/i18n/locales/de_DE
