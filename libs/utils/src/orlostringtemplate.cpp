@@ -254,7 +254,7 @@ void stringTemplate::findConversion(conversionSpec& spec, place& found, bool pla
     for (std::size_t at = found.position; at + 1 < last && !spec.isComplete(); ++at) {
         // Of "%%d" the second percent sign begins a conversion: a percent sign can't be escaped.
         if (m_text[at] != u'%' || m_text[at + 1] == u'%') continue;
-        // A conversion without its letter stays in the spec, and takes room from what follows.
+        // A conversion without its letter stays, and takes room from what follows.
         const std::size_t reach = std::min(m_text.size(), at + conversionSpec::maxLength);
         std::size_t end = at;
         while (end < reach && !spec.isComplete()) spec.addChar(m_text[end++]);
