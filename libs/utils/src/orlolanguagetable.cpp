@@ -74,7 +74,7 @@ bool languageTable::record::find(const string& name, std::initializer_list<const
     if (name.empty()) return false;
     if (m_searchPath.findFile(name, found, false)) return true;
     return std::any_of(languages.begin(), languages.end(), [&](const char16_t* language) {
-        return language && m_searchPath.findFile(language + string(u"/") + name, found, false);
+        return language && m_searchPath.findFile(language + string(u"\\") + name, found, false);
     });
 }
 

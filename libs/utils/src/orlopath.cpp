@@ -3,6 +3,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <utility>
 
 namespace orlo {
 
@@ -45,9 +46,9 @@ bool isAbsolute(const string& path)
     return isNetworkPath(path) || (hasDrive(path) && path[0] != separator);
 }
 
-// True for an absolute path in which at most the end can differ from the normal form. Nearly
-// all paths are like that, those of search hits above all.
-bool isNormalToItsEnd(const string& path)
+// True for an absolute path in which at most the end and doubled separators can differ from
+// the normal form. Nearly all paths are like that, those of search hits above all.
+bool isNearlyNormal(const string& path)
 {
     if (!isAbsolute(path)) return false;
     if (path[0] == u'"' || path[0] == u'%' || path[0] == u'/') return false;
@@ -55,7 +56,7 @@ bool isNormalToItsEnd(const string& path)
         const char16_t unit = path[i];
         if (unit == u'%' || unit == u'/') return false;
         // path[size] is the zero unit behind the text.
-        if (unit == separator && (path[i + 1] == separator || path[i + 1] == u'.')) return false;
+        if (unit == separator && path[i + 1] == u'.') return false;
     }
     return true;
 }
@@ -143,18 +144,19 @@ std::size_t rootLength(const string& path)
     return std::min(path.find(separator, 2), path.size());
 }
 
-} // namespace
-
-string normalizePath(const string& text, bool trailing)
+// Works on its own copy, which a caller who needs his no longer moves in.
+string normalized(string path, bool trailing)
 {
-    if (text.empty()) return {};
-    string path(text);
-    if (!isNormalToItsEnd(path)) {
+    if (path.empty()) return path;
+    const bool nearlyNormal = isNearlyNormal(path);
+    if (!nearlyNormal) {
         expandVariable(path);
         removeQuotes(path);
         path.replaceChar(u'/', separator);
         makeAbsolute(path);
-        collapseSeparators(path);
+    }
+    collapseSeparators(path);
+    if (!nearlyNormal) {
         // From here on each segment is closed, so that whole segments can be found as text.
         if (!path.ends_with(separator)) path.push_back(separator);
         resolveParents(path);
@@ -163,6 +165,13 @@ string normalizePath(const string& text, bool trailing)
     path.trimRight(separator);
     if (trailing) path.push_back(separator);
     return path;
+}
+
+} // namespace
+
+string normalizePath(const string& text, bool trailing)
+{
+    return normalized(text, trailing);
 }
 
 bool getEnvironmentVariable(const char16_t* name, string& value)
@@ -177,7 +186,7 @@ string combinePath(const string& base, const string& relative, bool trailing)
     string path;
     path.reserve(base.size() + 1 + relative.size());
     path.append(base).append(1, separator).append(relative);
-    return normalizePath(path, trailing);
+    return normalized(std::move(path), trailing);
 }
 
 void ensureTrailingSeparator(string& path)

@@ -3,6 +3,8 @@
 #include "orlounit.h"
 #include "platform/utf8codec.h"
 
+#include <algorithm>
+
 namespace orlo::platform {
 
 namespace {
@@ -55,6 +57,22 @@ constexpr bool isSeparator(char16_t unit)
     return unit == u'\\' || unit == u'/';
 }
 
+bool isAscii(std::u16string_view text)
+{
+    char16_t all = 0;
+    for (const char16_t unit : text) all |= unit;
+    return all < 0x80;
+}
+
+// Nearly all paths are such, and each file call begins with one.
+std::string asciiPath(std::u16string_view text)
+{
+    std::string bytes(text.size(), '\0');
+    std::transform(text.begin(), text.end(), bytes.begin(),
+                   [](char16_t unit) { return unit == u'\\' ? '/' : static_cast<char>(unit); });
+    return bytes;
+}
+
 } // namespace
 
 std::string nativeText(std::u16string_view text)
@@ -73,16 +91,16 @@ std::string nativeText(std::u16string_view text)
 
 std::string nativePath(const string& path)
 {
-    string text(path.c_str());
+    std::u16string_view text(path.c_str());
     if (text.size() >= 2 && text[1] == u':') {
         if (lowerUnit(text[0]) != u'c') return {};
-        text.erase(0, 2);
+        text.remove_prefix(2);
         // The drive alone is the current directory on it.
         if (text.empty()) return ".";
     } else if (text.size() >= 2 && isSeparator(text[0]) && isSeparator(text[1])) {
         return {};
     }
-    return nativeText(text.replaceChar(u'\\', u'/'));
+    return isAscii(text) ? asciiPath(text) : nativeText(string(text).replaceChar(u'\\', u'/'));
 }
 
 string textOf(std::string_view bytes)
