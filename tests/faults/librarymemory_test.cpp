@@ -14,6 +14,7 @@
 #include "support/languagefile.h"
 
 #include <array>
+#include <cstdlib>
 #include <functional>
 #include <optional>
 
@@ -388,6 +389,41 @@ TEST_F(libraryMemory, internedTextsFailByTheAssertionAndThenByTheEmptyEntry)
     }
     EXPECT_EQ(outcomeOf(intern), outcome::plainFalse);
     EXPECT_EQ(shown(), (std::vector<string>{assertion(u"114"), assertion(u"114"), assertion(u"127")}));
+}
+
+// What is made on first use, in a process that has not used it yet.
+TEST(firstUseDeathTest, ofThePoolWithoutMemoryThrowsAPlainFalseWithoutAReport)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto internWithoutMemory = [] {
+        machine::renew();
+        const allocationFault fault(1);
+        const outcome ended = outcomeOf([] { static_cast<void>(scstring(u"a text")); });
+        std::_Exit(ended == outcome::plainFalse && machine::current().boxes.empty() ? 0 : 1);
+    };
+    EXPECT_EXIT(internWithoutMemory(), testing::ExitedWithCode(0), "");
+}
+
+TEST(firstUseDeathTest, ofTheTableWithoutMemoryLeavesOneThatThrowsAPlainFalse)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    const auto useTableWithoutRecord = [] {
+        const auto setLanguage = [] { languageTable::instance().setLanguage(u"english"); };
+        const auto lookUp = [](const char16_t* key) {
+            stringTemplate text;
+            return languageTable::instance().lookup(locStringId(key, u"text"), text, nullptr);
+        };
+        machine::renew();
+        const bool refusedAtFirst = [&] {
+            const allocationFault fault(1);
+            return outcomeOf(setLanguage) == outcome::plainFalse;
+        }();
+        const bool refusedLater =
+            outcomeOf(setLanguage) == outcome::plainFalse && outcomeOf([&] { lookUp(u"key"); }) == outcome::plainFalse;
+        const bool emptyKeyNeedsNone = !lookUp(u"");
+        std::_Exit(refusedAtFirst && refusedLater && emptyKeyNeedsNone ? 0 : 1);
+    };
+    EXPECT_EXIT(useTableWithoutRecord(), testing::ExitedWithCode(0), "");
 }
 
 TEST_F(libraryMemory, localisedTextsAreRenderedOrTheFailurePasses)
