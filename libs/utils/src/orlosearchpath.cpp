@@ -95,11 +95,12 @@ bool textToSearchPath(searchPath& to, const string& from, unsigned, const typeco
 
 bool searchPathToText(string& to, const searchPath& from, unsigned, const typeconvert::argumentList&)
 {
-    to.clear();
+    string text;
     for (const directory& entry : from.directories()) {
-        if (&entry != &from.directories().front()) to.push_back(textDelimiter);
-        to.append(entry.path());
+        if (&entry != &from.directories().front()) text.push_back(textDelimiter);
+        text.append(entry.path());
     }
+    to.swap(text);
     return true;
 }
 
