@@ -222,6 +222,16 @@ TEST_F(table, splitsAnAddressAtItsBars)
     for (const auto& row : rows) EXPECT_EQ(textOf(rawAddress(row.whole)), string(row.text)) << orlo::narrow(row.whole);
 }
 
+TEST_F(table, asksForNoFileWhereTheAddressLacksAPart)
+{
+    addKey(bin + u"standard.loc", u"found");
+    all.setDefaultFile(u"standard.loc");
+    here.calls.clear();
+    EXPECT_EQ(textOf(rawAddress(u"")), string(u"<none>"));
+    EXPECT_EQ(textOf(rawAddress(u"key|standard.loc")), string(u"<none>"));
+    EXPECT_TRUE(pathsAsked().empty());
+}
+
 TEST_F(table, takesNamesWithFolders)
 {
     addKey(config + u"english\\sub\\deep.loc", u"deep");

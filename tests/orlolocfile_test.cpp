@@ -297,6 +297,7 @@ TEST_F(languageFile, doesNotEndALineAtALoneCarriageReturn)
     expectTexts({
         {u"a 1\rb 2\n", u"a", u"1\rb 2"},
         {u"a 1\rb 2\n", u"b", u"<none>"},
+        {u"a 1\rb\n", u"a", u"1\rb"},
         {u"a 1\r", u"a", u"1"},
     });
 }

@@ -69,6 +69,7 @@ TEST(stringTemplate, takesSeverityAndLeadingBlanksOffARawText)
         {u"E: \t x", 3, u"\t x"},
         {u"E:E:x", 3, u"E:x"},
         {u"", absent, u""},
+        {u"\0:x", absent, u""},
         {u"   ", absent, u""},
         {nullptr, absent, u""},
     };

@@ -593,6 +593,7 @@ TEST(scanIntegers, countsTheFieldsItRead)
         {u"y1", u"x%d", 0, {-9, -9, -9}},
         {u"99999999999", u"%d", 1, {2147483647, -9, -9}},
         {u"1,2,3,4", u"%d,%d,%d,%d", 3, {1, 2, 3}}, // no room for the fourth
+        {u"1\0+2", u"%d\0%d", 1, {1, -9, -9}},
     };
     for (const auto& row : rows) {
         std::array<std::int32_t, 3> fields{-9, -9, -9};
@@ -718,6 +719,9 @@ TEST(scanDouble, turnsNumbersBeyondADoubleIntoInfinityOrZero)
         {string(u"0.") + zeros + u"1", 0.0},
         {string(u"0.") + zeros + u"1e401", 1.0},
         {string(u"1") + zeros + u"e-400", 1.0},
+        {string(u"1") + zeros + u"e-760", 0.0},
+        {string(u"1") + zeros + u"e-40.5", infinity},
+        {string(u"0.") + zeros + u"1e760", infinity},
         {string(u"1") + zeros + u"-5e-999", infinity},
         {u"0x1p2000", infinity},
         {u"0x1p-2000", 0.0},
