@@ -124,8 +124,11 @@ class WholeRuns:
 
     def start(self, rounds):
         for _ in range(rounds):
-            for who, program in (("project", "startup_libraries"), ("nothing", "startup_nothing")):
-                self.samples.add(f"start/process/libraries/{who}", processor_time([str(self.bounds / program)]))
+            for who, name in (("project", "startup_libraries"), ("nothing", "startup_nothing")):
+                program = str(self.bounds / name)
+                self.samples.add(f"start/process/libraries/{who}", processor_time([program]))
+                constructors = subprocess.run([program], capture_output=True, text=True, check=True)
+                self.samples.add(f"start/constructors/libraries/{who}", int(constructors.stdout) / 1000)
 
     def wipe(self, count, rounds):
         commands = {

@@ -3,8 +3,10 @@ with its spread, and the project's ratio to each peer. Goals that are not met ar
 
 import argparse
 import json
+import os
 import re
 import statistics
+import subprocess
 from pathlib import Path
 
 # A case, the peer and the largest ratio to it.
@@ -32,6 +34,12 @@ GOALS = [
     (r"inverse/", "Eigen", 5),
     (r"text-by-key/", "file checks", 1.4),
     (r"language-load/entries/100000$", "std::map with streams", 1.0),
+]
+
+# A case and the largest figure of its own.
+OWN_GOALS = [
+    (r"getncs/system calls/", 45),
+    (r"start/constructors/", 20),
 ]
 
 UNITS = {"parse memory": "bytes", "getncs/system calls": "calls"}
@@ -69,35 +77,74 @@ def comparison(case, who, ratio):
     text = f"{who} {ratio:.2f}"
     if goal is None:
         return text
-    return f"{text} (≤ {goal})" if ratio <= goal else f"**{text} (goal {goal})**"
+    return judged(text, ratio, goal)
+
+
+def judged(text, value, goal):
+    return f"{text} (≤ {goal})" if value <= goal else f"**{text} (goal {goal})**"
+
+
+def own_figure(case, unit, values):
+    median = statistics.median(values)
+    text = f"{number(median)} {unit}{spread(values)}"
+    return next((judged(text, median, goal) for pattern, goal in OWN_GOALS if re.match(pattern, case)), text)
 
 
 def row(case, whose):
     unit = next((name for prefix, name in UNITS.items() if case.startswith(prefix)), "µs")
-    project = whose["project"]
-    median = statistics.median(project)
+    median = statistics.median(whose["project"])
     compared = [comparison(case, who, median / statistics.median(values))
                 for who, values in whose.items() if who != "project"]
-    return f"| {case} | {number(median)} {unit}{spread(project)} | {', '.join(compared)} |"
+    return f"| {case} | {own_figure(case, unit, whose['project'])} | {', '.join(compared)} |"
 
 
-def main():
-    arguments = argparse.ArgumentParser(description=__doc__)
-    arguments.add_argument("measured", type=Path)
-    arguments.add_argument("--windows", type=Path, help="the same, of the Windows build")
-    given = arguments.parse_args()
-    windows = cases(json.loads(given.windows.read_text())) if given.windows else {}
-
-    print("| what | project | ratio to the peer |" + (" Windows, under Wine |" if windows else ""))
-    print("| --- | --- | --- |" + (" --- |" if windows else ""))
-    for case, whose in sorted(cases(json.loads(given.measured.read_text())).items()):
+def table(measured, windows):
+    lines = ["| what | project | ratio to the peer |" + (" Windows, under Wine |" if windows else ""),
+             "| --- | --- | --- |" + (" --- |" if windows else "")]
+    for case, whose in sorted(measured.items()):
         if "project" not in whose:
             continue
         line = row(case, whose)
         if windows:
             there = windows.get(case, {}).get("project")
             line += f" {number(statistics.median(there))} µs |" if there else "  |"
-        print(line)
+        lines.append(line)
+    return "\n".join(lines)
+
+
+def first_line(command):
+    return subprocess.run(command, capture_output=True, text=True, check=True).stdout.splitlines()[0]
+
+
+def field_of(path, pattern):
+    return re.search(pattern, Path(path).read_text(), re.MULTILINE).group(1)
+
+
+def machine():
+    return (f"Measured on {os.cpu_count()} × {field_of('/proc/cpuinfo', r'^model name.*: (.*)')}, "
+            f"{int(field_of('/proc/meminfo', r'MemTotal: *([0-9]+)')) >> 20} GiB, "
+            f"{field_of('/etc/os-release', r'PRETTY_NAME=.(.*).$')}, kernel {os.uname().release}, "
+            f"{first_line(['c++', '--version'])}.")
+
+
+def put_between(path, text):
+    """Puts the text where the last table stood."""
+    begin, end = "<!-- table -->", "<!-- end of table -->"
+    before, rest = path.read_text().split(begin)
+    path.write_text(f"{before}{begin}\n{text}\n{end}{rest.split(end)[1]}")
+
+
+def main():
+    arguments = argparse.ArgumentParser(description=__doc__)
+    arguments.add_argument("measured", type=Path)
+    arguments.add_argument("--windows", type=Path, help="the same, of the Windows build")
+    arguments.add_argument("--readme", type=Path, help="a file to put the table into, with the machine")
+    given = arguments.parse_args()
+    windows = cases(json.loads(given.windows.read_text())) if given.windows else {}
+    text = table(cases(json.loads(given.measured.read_text())), windows)
+    print(text)
+    if given.readme:
+        put_between(given.readme, f"{machine()}\n\n{text}")
 
 
 if __name__ == "__main__":

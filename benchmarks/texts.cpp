@@ -7,8 +7,10 @@
 
 #include <benchmark/benchmark.h>
 
+#include <chrono>
 #include <fstream>
 #include <map>
+#include <system_error>
 #include <unordered_map>
 
 namespace benchmarks {
@@ -27,6 +29,26 @@ std::string number(std::size_t value)
     return std::to_string(value);
 }
 
+std::u16string widened(const std::string& ascii)
+{
+    return {ascii.begin(), ascii.end()};
+}
+
+} // namespace
+
+temporaryFolder::temporaryFolder()
+{
+    const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
+    m_path = std::filesystem::temp_directory_path() / ("orlo-benchmark-" + std::to_string(ticks));
+    std::filesystem::create_directories(m_path);
+}
+
+temporaryFolder::~temporaryFolder()
+{
+    std::error_code ignored;
+    std::filesystem::remove_all(m_path, ignored);
+}
+
 std::string keyOf(std::size_t entry)
 {
     // Not in the order of the keys, as programs grow.
@@ -38,16 +60,10 @@ std::string textOf(std::size_t entry)
     return "The text number " + number(entry) + " of the platform [platform]";
 }
 
-std::u16string widened(const std::string& ascii)
-{
-    return {ascii.begin(), ascii.end()};
-}
-
-} // namespace
-
 std::filesystem::path languageFile(std::size_t entries)
 {
-    const auto path = std::filesystem::temp_directory_path() / ("orlo-benchmark-" + number(entries) + ".loc");
+    static const temporaryFolder folder;
+    const auto path = folder.path() / (number(entries) + ".loc");
     static std::map<std::size_t, bool> made;
     if (made.emplace(entries, true).second) {
         std::ofstream out(path, std::ios::binary);

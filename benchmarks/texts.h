@@ -3,8 +3,26 @@
 
 #include <cstddef>
 #include <filesystem>
+#include <string>
 
 namespace benchmarks {
+
+// A folder that goes with all that is in it.
+class temporaryFolder {
+public:
+    temporaryFolder();
+    temporaryFolder(const temporaryFolder&) = delete;
+    temporaryFolder& operator=(const temporaryFolder&) = delete;
+    ~temporaryFolder();
+    [[nodiscard]] const std::filesystem::path& path() const { return m_path; }
+
+private:
+    std::filesystem::path m_path;
+};
+
+// Key and text of an entry.
+std::string keyOf(std::size_t entry);
+std::string textOf(std::size_t entry);
 
 // A file of so many entries, made once in each process.
 std::filesystem::path languageFile(std::size_t entries);

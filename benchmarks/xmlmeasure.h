@@ -9,6 +9,7 @@
 
 #include <benchmark/benchmark.h>
 
+#include <algorithm>
 #include <set>
 #include <string>
 #include <string_view>
@@ -105,21 +106,23 @@ inline std::string nameOf(const char* operation, const xmlCase& each, const std:
     return std::string(operation) + "/" + each.kind + "/" + each.sizeName + "/" + who;
 }
 
-// Registers all cases for a library. `deepest` is the deepest document that it can read.
-template <class Library>
-bool registerXml(const std::string& who, std::size_t deepest = million)
+inline bool isDeeper(const xmlCase& each, std::size_t levels)
 {
-    const auto isTooDeep = [deepest](const xmlCase& each) {
-        return each.kind == std::string_view("deep") && each.size > deepest;
-    };
+    return each.kind == std::string_view("deep") && each.size > levels;
+}
+
+// Registers all cases for a library, but for documents that are too deep for it.
+template <class Library>
+bool registerXml(const std::string& who, std::size_t deepestRead = million, std::size_t deepestWritten = million)
+{
     for (const xmlCase& each : parseCases) {
-        if (isTooDeep(each)) continue;
+        if (isDeeper(each, deepestRead)) continue;
         const std::string name = nameOf("parse", each, who);
         benchmark::RegisterBenchmark(name.c_str(), measureParse<Library>, name, each)->Unit(benchmark::kMicrosecond);
     }
     if constexpr (writesTrees<Library>) {
         for (const xmlCase& each : writeCases) {
-            if (isTooDeep(each)) continue;
+            if (isDeeper(each, std::min(deepestRead, deepestWritten))) continue;
             const std::string name = nameOf("write", each, who);
             benchmark::RegisterBenchmark(name.c_str(), measureWrite<Library>, name, each)
                 ->Unit(benchmark::kMicrosecond);
