@@ -73,7 +73,10 @@ bool createFile(const string& path, std::uint32_t permission)
 bool removeFile(const string& path)
 {
     const std::string native = nativePath(path);
-    return !isDirectory(native) && ::unlink(native.c_str()) == 0;
+    struct stat found;
+    if (::lstat(native.c_str(), &found) != 0) return false;
+    // The system itself refuses a directory, but not a link to one.
+    return !(S_ISLNK(found.st_mode) && isDirectory(native)) && ::unlink(native.c_str()) == 0;
 }
 
 bool renameEntry(const string& from, const string& to)
