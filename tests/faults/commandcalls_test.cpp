@@ -3,9 +3,11 @@
 #include "faults/commandruns.h"
 #include "faults/rounds.h"
 #include "platform/platform.h"
+#include "support/languagefile.h"
 
 #include <algorithm>
 #include <functional>
+#include <optional>
 
 using namespace orlo::tests;
 using orlo::narrow;
@@ -181,27 +183,42 @@ TEST(slistatCalls, reportsUnderTheDebugSwitchWhateverFails)
 
 namespace {
 
-traces afterAsking(const madeCall& call)
+constexpr const char16_t* tavenFolder = u"C:\\taven\\";
+
+// What a question is answered by: with the time of the measuring, and where it can't be told.
+struct answers {
+    std::string title;
+    std::string whole;
+    std::string timeless;
+};
+const answers defaultAnswers{"taven-kolve Morrel", asking::defaultAnswer,
+                             asking::answer("taven-kolve Morrel", asking::defaultMessage(""))};
+std::string refusal(const std::string& title, const std::string& what)
+{
+    return "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message type=\"error\" "
+           "title=\"" +
+           title + "\">" + what + "</message>\n</getNCSResult>\n";
+}
+const std::string unmeasured = "Measured data for platform &quot;P1&quot; not found!\n"
+                               "Please measure platform before starting toolpath calculations!";
+const std::string unknown = "Platform information for &quot;P1&quot; not found!\n"
+                            "Please use build process before starting toolpath calculations!";
+
+bool asksFor(const madeCall& call, const string& path)
+{
+    return isOneOf(call.operation, {"access", "queryStatus"}) && call.subject == narrow(path);
+}
+
+traces answered(const std::string& answer)
+{
+    machine::current().addFile(asking::resultPath, answer);
+    return tracesNow(1);
+}
+
+// The old answer goes just before the new one is saved, if the call belongs to the saving.
+std::optional<traces> whereSavingFails(const madeCall& call, const std::string& answer)
 {
     machine& here = machine::current();
-    const bool question = isOneOf(call.operation, {"access", "queryStatus"});
-    const string unusable = string(u"Error parsing file \"") + asking::measuringPath + u"\" ";
-
-    if (question && isOneOf(call.subject, {"C:\\out\\", "C:\\taven\\"})) return tracesNow(0);
-    // Asked for existence, then for its size by the load.
-    if (question && call.subject == narrow(asking::measuringPath)) {
-        if (call.nth > 1) return tracesNow(0, {unusable});
-        here.addFile(
-            asking::resultPath,
-            "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message type=\"error\""
-            " title=\"taven-kolve Morrel\">Measured data for platform &quot;P1&quot; not found!\n"
-            "Please measure platform before starting toolpath calculations!</message>\n</getNCSResult>\n");
-        return tracesNow(1);
-    }
-    const bool loads = call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
-    if (loads || isOneOf(call.operation, {"readFile", "decode"})) return tracesNow(0, {unusable});
-
-    // The old answer goes just before the new one is saved.
     const bool saves = call.operation == "openFile" && call.subject == narrow(asking::resultPath);
     if (saves || call.operation == "encodeUtf8" || call.operation == "createFile") {
         const outcome left = call.operation == "encodeUtf8" ? outcome::plainFalse : outcome::libraryFailure;
@@ -209,8 +226,8 @@ traces afterAsking(const madeCall& call)
         return tracesNow(-1, {}, left);
     }
     if (call.operation == "writeFile") {
-        const std::size_t written = here.shortTransfers ? asking::defaultAnswer.size() / 2 : 0;
-        here.addFile(asking::resultPath, asking::defaultAnswer.substr(0, written));
+        const std::size_t written = here.shortTransfers ? answer.size() / 2 : 0;
+        here.addFile(asking::resultPath, answer.substr(0, written));
         return tracesNow(-1, {}, outcome::libraryFailure);
     }
     // The second removal is that of the probe, whether the place can be written.
@@ -218,10 +235,22 @@ traces afterAsking(const madeCall& call)
         here.addFile(asking::resultPath, "");
         return tracesNow(-1, {}, outcome::libraryFailure);
     }
+    return std::nullopt;
+}
+
+traces afterAsking(const madeCall& call, const answers& given)
+{
+    const string unusable = string(u"Error parsing file \"") + asking::measuringPath + u"\" ";
+
+    if (asksFor(call, u"C:\\out\\") || asksFor(call, tavenFolder)) return tracesNow(0);
+    // Asked for existence, then for its size by the load.
+    if (asksFor(call, asking::measuringPath))
+        return call.nth > 1 ? tracesNow(0, {unusable}) : answered(refusal(given.title, unmeasured));
+    const bool loads = call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
+    if (loads || isOneOf(call.operation, {"readFile", "decode"})) return tracesNow(0, {unusable});
+    if (const auto unsaved = whereSavingFails(call, given.whole)) return *unsaved;
     const bool timeIsLost = isOneOf(call.operation, {"secondsOf", "localTime", "formatTime"});
-    here.addFile(asking::resultPath,
-                 timeIsLost ? asking::answer("taven-kolve Morrel", asking::defaultMessage("")) : asking::defaultAnswer);
-    return tracesNow(1);
+    return answered(timeIsLost ? given.timeless : given.whole);
 }
 
 } // namespace
@@ -229,5 +258,55 @@ traces afterAsking(const madeCall& call)
 TEST(getncsCalls, eachFailureHasTheOutcomeThatItsStepTells)
 {
     failEach(
-        asking::prepare, [] { return asking::run(); }, afterAsking);
+        asking::prepare, [] { return asking::run(); },
+        [](const madeCall& call) { return afterAsking(call, defaultAnswers); });
+}
+
+TEST(getncsCalls, anUnmeasuredPlatformIsToldWhateverFails)
+{
+    const auto prepare = [] {
+        asking::prepare();
+        drop(asking::measuringPath);
+    };
+    failEach(
+        prepare, [] { return asking::run(); },
+        [](const madeCall& call) {
+            if (asksFor(call, u"C:\\out\\") || asksFor(call, tavenFolder)) return tracesNow(0);
+            const std::string answer = refusal("taven-kolve Morrel", asksFor(call, description) ? unknown : unmeasured);
+            const auto unsaved = whereSavingFails(call, answer);
+            return unsaved ? *unsaved : answered(answer);
+        });
+}
+
+// A text whose look-up fails is the default one; the next look-up tries again.
+TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
+{
+    const auto addTexts = [] {
+        asking::prepare();
+        addLanguageFile(asking::languagePath, u"brx_msgTitle A title\nbrx_measureFound Found [platform], [datetime]\n");
+    };
+    const auto prepare = [&] {
+        addTexts();
+        asking::run(); // the language table remembers what the run before has left
+        addTexts();
+    };
+    const answers given{"A title", asking::answer("A title", "Found P1, Tue Mar  5 12:30:15 2024"),
+                        asking::answer("A title", "Found P1, ")};
+    const std::string withDefaultTitle = asking::answer("taven-kolve Morrel", "Found P1, Tue Mar  5 12:30:15 2024");
+    const std::string withDefaultMessage =
+        asking::answer("A title", asking::defaultMessage("Tue Mar  5 12:30:15 2024"));
+    failEach(
+        prepare, [] { return asking::run(); },
+        [&](const madeCall& call) {
+            const bool opens = call.operation == "openFile" && call.subject == narrow(asking::languagePath);
+            const bool reads = isOneOf(call.operation, {"readFile", "decode"}) && call.nth == 2;
+            // The title stands in the half that a short read gives.
+            const bool half = call.operation == "readFile" && machine::current().shortTransfers;
+            // Of its state, existence counts, and the size for the load; the rest only tells of a change.
+            const bool asks = asksFor(call, asking::languagePath);
+            if ((reads && half) || (asks && call.nth == 5)) return answered(withDefaultMessage);
+            if (opens || reads || (asks && (call.nth == 1 || call.nth == 4))) return answered(withDefaultTitle);
+            if (asks) return answered(given.whole);
+            return afterAsking(call, given);
+        });
 }
