@@ -87,6 +87,14 @@ TEST(byteBuffer, keepsZeroBytes)
     EXPECT_EQ(bytesOf(buffer), std::string("a\0b\0", 4));
 }
 
+TEST(byteBuffer, keepsASingleByteAsItGrows)
+{
+    byteBuffer buffer;
+    append(buffer, "a");
+    append(buffer, "bc");
+    EXPECT_EQ(bytesOf(buffer), "abc");
+}
+
 TEST(byteBuffer, takesItsOwnBytes)
 {
     byteBuffer buffer;

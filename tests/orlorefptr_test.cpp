@@ -13,12 +13,13 @@ using orlo::tests::machine;
 
 namespace {
 
-// Tells how often it was deleted, and what its count is.
+// Tells how often it was deleted, and what its count is, which must be 0 then.
 class counted : public refObj {
 public:
     explicit counted(int& deleted) : m_deleted(deleted) {}
     void deleteThis() override
     {
+        EXPECT_EQ(m_count, 0u);
         ++m_deleted;
         delete this;
     }

@@ -251,6 +251,9 @@ TEST_F(measuringFile, timeIsShownInTheUsersOwnFormatAndTheLocaleIsRestored)
     EXPECT_EQ(m.timeLocale, u"C");
     EXPECT_EQ(m.countCalls("queryTimeLocale"), 1u);
     EXPECT_EQ(m.countCalls("setTimeLocale"), 2u);
+
+    m.timeText = "X";
+    EXPECT_EQ(read(allPoints())->measuredAt, u"X");
 }
 
 TEST_F(measuringFile, readingGoesOnWithoutAUsableTime)
