@@ -722,6 +722,9 @@ TEST(decodeEntities, decodesNamedAndNumericEntities)
         {u"&&#x0;#x41;", u"A"},
         {u"&#&#x0;x41;", u"A"},
         {u"&a&#x6d;p;lt;", u"<"},
+        // Units with the bytes of a mark in one half.
+        {u"\u2626&lt;", u"\u2626<"},
+        {u"\u2323&#x41;", u"\u2323A"},
         {u"&#x26;amp;#x26;lt;", u"<"},
     };
     for (const auto& row : rows) EXPECT_EQ(decoded(row.text), row.expected) << narrow(row.text);

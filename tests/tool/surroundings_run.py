@@ -68,6 +68,13 @@ class Surroundings(ToolCase):
         self.assert_run(self.getncs("-zoffset:0.5"), 1, changes=changes)
         self.assertIn(b"Mi 15 Mai 2024", self.result.read_bytes())
 
+    def test_the_date_is_in_english_where_no_language_is_set(self):
+        self.linux_only("Windows always has a language")
+        changes = {"LC_ALL": "", "LC_TIME": "", "LANG": ""}
+        self.measure(FLAT)
+        self.assert_run(self.getncs("-zoffset:0.5"), 1, changes=changes)
+        self.assert_result(self.confirm(changes))
+
     def test_numbers_do_not_follow_a_decimal_comma(self):
         changes = self.in_locale("de_DE.UTF-8")
         for text in ("0.5", "0,5"):

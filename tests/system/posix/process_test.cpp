@@ -115,6 +115,14 @@ TEST(messageBoxSystem, comesBackWithoutAnyInput)
     EXPECT_EQ(end.status, 0);
 }
 
+TEST(messageBoxSystem, hasNoWindowToBelongTo)
+{
+    EXPECT_TRUE(platform::enumerateWindows([](platform::window, void*) { return false; }, nullptr));
+    EXPECT_EQ(platform::windowProcess(nullptr), 0u);
+    EXPECT_EQ(platform::parentWindow(nullptr), nullptr);
+    EXPECT_EQ(platform::lastActivePopup(nullptr), nullptr);
+}
+
 TEST(endAbnormallySystem, abortsWithoutAWord)
 {
     const ending end = runApart("", [] { platform::endAbnormally(); });

@@ -37,9 +37,9 @@ bool isDirectory(const std::string& path)
 }
 
 // For file systems that can't refuse an existing target themselves.
-bool renameIfFree(const std::string& from, const std::string& to)
+bool renameIfFree(const std::string& from, const std::string& to) // GCOV_EXCL_LINE: needs such a file system
 {
-    return !isThere(to) && ::rename(from.c_str(), to.c_str()) == 0;
+    return !isThere(to) && ::rename(from.c_str(), to.c_str()) == 0; // GCOV_EXCL_LINE: the same
 }
 
 } // namespace
