@@ -593,6 +593,7 @@ TEST(scanIntegers, countsTheFieldsItRead)
         {u"y1", u"x%d", 0, {-9, -9, -9}},
         {u"99999999999", u"%d", 1, {2147483647, -9, -9}},
         {u"1,2,3,4", u"%d,%d,%d,%d", 3, {1, 2, 3}}, // no room for the fourth
+        {u"7%8", u"%d%%d", 2, {7, 8, -9}},
         {u"1\0+2", u"%d\0%d", 1, {1, -9, -9}},
     };
     for (const auto& row : rows) {
