@@ -43,12 +43,22 @@ private:
 
     void putShort(std::u16string_view text)
     {
-        const char16_t* from = text.data();
-        const char16_t* const end = from + text.size();
-        char16_t* to = m_units.data() + m_used;
-        for (; end - from >= 4; from += 4, to += 4) std::memcpy(to, from, 4 * sizeof *to);
-        while (from != end) *to++ = *from++;
+        char16_t* const to = m_units.data() + m_used;
+        if (text.size() >= 8)
+            putEnds<8>(text, to);
+        else if (text.size() >= 4)
+            putEnds<4>(text, to);
+        else
+            for (std::size_t at = 0; at < text.size(); ++at) to[at] = text[at];
         m_used += text.size();
+    }
+    // Of at most twice `Count` units: the first and the last ones, which may overlap.
+    template <std::size_t Count>
+    static void putEnds(std::u16string_view text, char16_t* to)
+    {
+        const std::size_t last = text.size() - Count;
+        std::memcpy(to, text.data(), Count * sizeof *to);
+        std::memcpy(to + last, text.data() + last, Count * sizeof *to);
     }
     void putLong(std::u16string_view text)
     {
