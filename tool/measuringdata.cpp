@@ -60,7 +60,7 @@ string userText(const std::tm& local)
     orlo::platform::setTimeLocale(string::emptyString());
     const std::size_t length = orlo::platform::formatTime(buffer, sizeof buffer, "%c", local);
     if (known) orlo::platform::setTimeLocale(kept);
-    return length == 0 ? string() : string(buffer);
+    return length == 0 ? string() : orlo::platform::timeText(buffer);
 }
 
 // A time that the system can't turn into text gives an empty one.

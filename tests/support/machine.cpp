@@ -716,6 +716,11 @@ std::size_t formatTime(char* buffer, std::size_t size, const char* format, const
     return text.size();
 }
 
+string timeText(const char* formatted)
+{
+    return string(formatted);
+}
+
 bool userDecimalSeparator(string& separator)
 {
     return giveSeparator(observedCall("userDecimalSeparator"), machine::current().userSeparator, separator);

@@ -61,6 +61,14 @@ class Surroundings(ToolCase):
         self.assertIn(german[self.machine.name], self.result.read_bytes())
         self.assert_result(self.confirm(changes))
 
+    def test_the_date_keeps_the_letters_of_the_users_language(self):
+        self.linux_only("a date of Windows has no letters")
+        changes = self.in_locale("de_DE.UTF-8")
+        self.measuring_file().write_text(measuring_data(FLAT, date="2024-2-29Z"))
+        self.assert_run(self.getncs("-zoffset:0.5"), 1, changes=changes)
+        self.assertIn("Fr 29 M\u00E4r 2024".encode(), self.result.read_bytes())
+        self.assert_result(self.confirm(changes, 1711705230))
+
     def test_the_date_follows_the_time_category_alone(self):
         self.linux_only("a user of Windows has one language for all")
         changes = {**self.in_locale("de_DE.UTF-8"), "LC_ALL": "", "LANG": "C", "LC_TIME": "de_DE.UTF-8"}

@@ -132,6 +132,8 @@ bool setTimeLocale(const string& name);
 // strftime under the current LC_TIME locale: bytes written without the terminator, 0 if it
 // does not fit.
 std::size_t formatTime(char* buffer, std::size_t size, const char* format, const std::tm& time);
+// The units of such a text; in which character set it comes is the system's own matter.
+string timeText(const char* formatted);
 
 // The decimal separator of the user's own number format, and of the system's default; false
 // if it can't be told.

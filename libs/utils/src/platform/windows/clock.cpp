@@ -47,4 +47,9 @@ std::size_t formatTime(char* buffer, std::size_t size, const char* format, const
     return isKnown(time) ? std::strftime(buffer, size, format, &time) : 0;
 }
 
+string timeText(const char* formatted)
+{
+    return string(formatted);
+}
+
 } // namespace orlo::platform
