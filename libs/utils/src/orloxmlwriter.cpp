@@ -8,6 +8,8 @@
 
 namespace orlo {
 
+using namespace std::string_view_literals;
+
 namespace {
 
 constexpr std::size_t levelWidth = 3;
@@ -65,7 +67,7 @@ void treeWriter::writeStart(const xmlNode& node, std::size_t depth)
     m_out.put(node.name);
     writeAttributes(node);
     if (!node.children.empty()) {
-        m_out.put(u">\n");
+        m_out.put(u">\n"sv);
         if (node.text.empty()) return;
         writeIndent(depth + 1);
         writeEncoded(node.text, lineFeeds::drop);
@@ -75,7 +77,7 @@ void treeWriter::writeStart(const xmlNode& node, std::size_t depth)
         writeEncoded(node.text, lineFeeds::keep);
         writeClosingTag(node);
     } else {
-        m_out.put(u"/>\n");
+        m_out.put(u"/>\n"sv);
     }
 }
 
@@ -97,7 +99,7 @@ void treeWriter::writeAttributes(const xmlNode& node)
     for (const auto& [name, value] : node.attributes) {
         m_out.put(u' ');
         m_out.put(name);
-        m_out.put(u"=\"");
+        m_out.put(u"=\""sv);
         writeEncoded(value, lineFeeds::keep);
         m_out.put(u'"');
     }
@@ -110,9 +112,9 @@ void treeWriter::writeEncoded(const string& text, lineFeeds treatment)
 
 void treeWriter::writeClosingTag(const xmlNode& node)
 {
-    m_out.put(u"</");
+    m_out.put(u"</"sv);
     m_out.put(node.name);
-    m_out.put(u">\n");
+    m_out.put(u">\n"sv);
 }
 
 // The node's own part, without its children.
