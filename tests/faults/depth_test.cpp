@@ -46,3 +46,16 @@ TEST(depth, ofElementsCostsNoCallStack)
     EXPECT_GT(document->estimateSize(0), depth);
     document = nullptr;
 }
+
+TEST(depth, ofAWidthOrAPrecisionIsTheLengthOfItsText)
+{
+    stringTemplate wide(u"[x:%99999999d]");
+    wide.insertValue(7, u"x");
+    EXPECT_EQ(wide.text().size(), 99999999u);
+    EXPECT_TRUE(wide.text().starts_with(u"  ") && wide.text().ends_with(u"  7"));
+
+    stringTemplate precise(u"[x:%.99999999f]");
+    precise.insertValue(0.5, u"x");
+    EXPECT_EQ(precise.text().size(), 100000001u);
+    EXPECT_TRUE(precise.text().starts_with(u"0.50") && precise.text().ends_with(u"00"));
+}
