@@ -20,7 +20,7 @@ namespace {
 bool equalPaths(const string& a, const string& b)
 {
     return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t x, char16_t y) { return lowerUnit(x) == lowerUnit(y); });
+                      [](char16_t x, char16_t y) { return x == y || lowerUnit(x) == lowerUnit(y); });
 }
 
 // The parts of an address in one text, as locStringId gives it.
