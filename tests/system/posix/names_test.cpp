@@ -1,5 +1,6 @@
 // What the mapping of Windows path text onto this system's names promises beyond the rules
 // that both systems share.
+#include "orlodirectory.h"
 #include "platform/platform.h"
 
 #include "platform/posix/nativetext.h"
@@ -198,6 +199,20 @@ TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
     EXPECT_EQ(content("file"), "kept");
     EXPECT_TRUE(platform::removeFile(path("to-nothing")));
     EXPECT_FALSE(isThere("to-nothing"));
+}
+
+TEST_F(namesTest, ofLinksThatASearchFindsAreRemovedUnlessTheyLeadToAFolder)
+{
+    makeFolder("folder");
+    put("file", "kept");
+    std::filesystem::create_symlink("folder", native("to-folder"));
+    std::filesystem::create_symlink("file", native("to-file"));
+    std::filesystem::create_symlink("missing", native("to-nothing"));
+    for (auto hit = directory(path("")).findFiles(u"to-*", 0); !hit.path().empty();) EXPECT_TRUE(hit.removeAndNext());
+    EXPECT_TRUE(isThere("to-folder"));
+    EXPECT_FALSE(isThere("to-file"));
+    EXPECT_FALSE(isThere("to-nothing"));
+    EXPECT_EQ(content("file"), "kept");
 }
 
 TEST_F(patternTest, letsAQuestionMarkStandForNothingBeforeADotAndAtTheEnd)
