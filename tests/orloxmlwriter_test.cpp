@@ -243,3 +243,48 @@ TEST(encodeEntities, encodesTheFiveUnitsAndNothingElse)
         EXPECT_EQ(text, row.expected);
     }
 }
+
+TEST(encodeEntities, encodesAUnitWhereverItStandsInALongText)
+{
+    for (std::size_t at = 0; at < 100; ++at) {
+        string text(std::u16string(100, u'x'));
+        text[at] = u'<';
+        encodeEntities(text);
+        EXPECT_EQ(text, string(std::u16string(at, u'x') + u"&lt;" + std::u16string(99 - at, u'x')));
+    }
+}
+
+TEST(encodeEntities, knowsTheFiveAmongAllUnitsInALongText)
+{
+    for (unsigned unit = 0; unit <= 0xFFFF; ++unit) {
+        const std::u16string around(40, u'x');
+        const auto encoded = static_cast<char16_t>(unit);
+        string text(around + encoded + around);
+        encodeEntities(text);
+        const bool grows = std::u16string_view(u"&'\"<>").find(encoded) != std::u16string_view::npos;
+        ASSERT_EQ(text.size() > 81, grows) << unit;
+        if (!grows) ASSERT_EQ(text, string(around + encoded + around)) << unit;
+    }
+}
+
+TEST(encodeEntities, encodesTextsOfAnyLength)
+{
+    for (std::size_t length : {31u, 32u, 33u, 4095u, 4096u, 4097u, 10000u}) {
+        const std::u16string plain(length, u'x');
+        string text(plain + u"&" + plain);
+        encodeEntities(text);
+        EXPECT_EQ(text, string(plain + u"&amp;" + plain));
+    }
+}
+
+TEST(xmlWriter, aLineFeedBesideChildrenGoesWhereverItStandsInALongText)
+{
+    for (std::size_t at = 0; at < 100; ++at) {
+        std::u16string text(100, u'x');
+        text[at] = u'\n';
+        const refptr<xmlNode> node = nodeWithText(u"a", string(text));
+        EXPECT_EQ(written(node), string(u"<a>" + text + u"</a>\n"));
+        node->addChild(u"b");
+        EXPECT_EQ(written(node), string(u"<a>\n   " + std::u16string(99, u'x') + u"\n   <b/>\n</a>\n"));
+    }
+}

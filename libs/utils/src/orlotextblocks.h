@@ -5,6 +5,7 @@
 #include <cstddef>
 #include <cstring>
 #include <functional>
+#include <span>
 #include <string_view>
 #include <utility>
 
@@ -31,6 +32,14 @@ public:
         if (m_used == blockUnits) handOn();
         m_units[m_used++] = unit;
     }
+    // Where the caller may write the next units himself: at least one.
+    std::span<char16_t> room()
+    {
+        if (m_used == blockUnits) handOn();
+        return std::span(m_units).subspan(m_used);
+    }
+    // How many of them he has written.
+    void keep(std::size_t count) { m_used += count; }
     // Hands on what is left.
     void finish()
     {

@@ -79,24 +79,23 @@ void writeWhole(const file& target, const byteBuffer& bytes)
 // Each piece is encoded by itself, so a surrogate pair across the border of two pieces
 // becomes two lone halves, and a zero unit drops the rest of its piece.
 constexpr std::size_t pieceUnits = 256;
-constexpr std::size_t pieceBytes = 1024;
+constexpr std::size_t bytesPerUnit = 3;
 static_assert(textBlocks::blockUnits % pieceUnits == 0);
 
-void appendPiece(std::string& out, std::u16string_view units)
+// Gives the end of what was written.
+char* encodePiece(std::u16string_view units, char* to)
 {
-    char bytes[pieceBytes];
-    const std::size_t length = platform::encodeUtf8(units.data(), units.size(), bytes);
+    const std::size_t length = platform::encodeUtf8(units.data(), units.size(), to);
     if (length == 0) throw false;
-    const std::string_view encoded(bytes, length);
-    out.append(encoded.substr(0, encoded.find('\0')));
+    return to + std::min(std::string_view(to, length).find('\0'), length);
 }
 
 std::string encodeBlock(std::u16string_view block)
 {
-    std::string bytes;
-    bytes.reserve(block.size());
-    for (std::size_t at = 0; at < block.size(); at += pieceUnits) appendPiece(bytes, block.substr(at, pieceUnits));
-    return bytes;
+    char bytes[textBlocks::blockUnits * bytesPerUnit];
+    char* end = bytes;
+    for (std::size_t at = 0; at < block.size(); at += pieceUnits) end = encodePiece(block.substr(at, pieceUnits), end);
+    return {bytes, end};
 }
 
 // Encodes the document block by block while it is written: its whole text would go through

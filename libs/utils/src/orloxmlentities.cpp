@@ -13,6 +13,7 @@
 #include <cstdint>
 #include <cstring>
 #include <iterator>
+#include <span>
 
 namespace orlo {
 
@@ -121,26 +122,50 @@ void decodeInPasses(string& text)
 }
 
 constexpr unitSet encodedUnits(u"&'\"<>");
-constexpr unitSet encodedUnitsAndLineFeeds(u"&'\"<>\n");
 
-constexpr std::size_t unitsPerWord = 4;
-constexpr std::uint64_t lowBits = 0x0001'0001'0001'0001;
-constexpr std::uint64_t topBits = lowBits << 15;
+// Long texts are mostly plain for long runs, which are looked at in blocks.
+constexpr std::ptrdiff_t blockLength = 32;
 
-// Sets a top bit if one of the four units is 0: only that borrows from a top bit that was clear.
-constexpr std::uint64_t markZeros(std::uint64_t word)
+// All bits or none, as a processor's own comparison of many units gives.
+constexpr std::uint16_t same(int unit, char16_t other)
 {
-    return (word - lowBits) & ~word & topBits;
+    return static_cast<std::uint16_t>(unit == other ? 0xFFFF : 0);
 }
 
-// True if none of the four units has an entity. Two pairs of the five differ in one bit each.
-bool isPlainWord(const char16_t* units)
+// All bits if the unit is encoded or dropped. Two pairs of the five differ in one bit each.
+constexpr std::uint16_t isMarked(char16_t unit, char16_t dropped)
 {
     static_assert((u'&' | 1) == u'\'' && (u'<' | 2) == u'>');
-    std::uint64_t word;
-    std::memcpy(&word, units, sizeof word);
-    return (markZeros((word | lowBits) ^ lowBits * u'\'') | markZeros((word | lowBits * 2) ^ lowBits * u'>') |
-            markZeros(word ^ lowBits * u'"')) == 0;
+    return same(unit | 1, u'\'') | same(unit | 2, u'>') | same(unit, u'"') | same(unit, dropped);
+}
+
+// Copies a block if none of its units is marked; false, with nothing copied, if not. The loop
+// has no branch, so that compilers make vector operations of it.
+bool copyPlainBlock(const char16_t* from, char16_t dropped, char16_t* to)
+{
+    std::uint16_t anyMarked = 0;
+    for (std::ptrdiff_t i = 0; i < blockLength; ++i) anyMarked |= isMarked(from[i], dropped);
+    if (anyMarked != 0) return false;
+    std::memcpy(to, from, blockLength * sizeof *to);
+    return true;
+}
+
+// Copies what stands in front of the first unit that is encoded or dropped, and tells how much
+// that was.
+std::size_t copyPlain(std::u16string_view text, char16_t dropped, char16_t* to)
+{
+    std::size_t at = 0;
+    while (text.size() - at >= blockLength && copyPlainBlock(text.data() + at, dropped, to + at)) at += blockLength;
+    for (; at < text.size() && !encodedUnits.contains(text[at]) && text[at] != dropped; ++at) to[at] = text[at];
+    return at;
+}
+
+// Empty for a unit that has no entity.
+std::u16string_view encodedForm(char16_t unit)
+{
+    const auto found = std::find_if(std::begin(entities), std::end(entities),
+                                    [unit](const entity& each) { return each.unit == unit; });
+    return found == std::end(entities) ? std::u16string_view() : found->form;
 }
 
 } // namespace
@@ -160,25 +185,25 @@ void encodeEntities(string& text)
 {
     string encoded;
     encoded.reserve(text.size());
-    putEncoded(text, lineFeeds::keep, [&encoded](std::u16string_view piece) { encoded.append(piece); });
+    textBlocks blocks([&encoded](std::u16string_view block) { encoded.append(block); });
+    putEncoded(text, lineFeeds::keep, blocks);
+    blocks.finish();
     text.swap(encoded);
 }
 
-std::size_t plainLength(std::u16string_view text, lineFeeds treatment)
+void putEncoded(std::u16string_view text, lineFeeds treatment, textBlocks& out)
 {
-    std::size_t length = 0;
-    if (treatment == lineFeeds::keep)
-        while (text.size() - length >= unitsPerWord && isPlainWord(text.data() + length)) length += unitsPerWord;
-    const unitSet& marks = treatment == lineFeeds::drop ? encodedUnitsAndLineFeeds : encodedUnits;
-    while (length < text.size() && !marks.contains(text[length])) ++length;
-    return length;
-}
-
-std::u16string_view encodedForm(char16_t unit)
-{
-    const auto found = std::find_if(std::begin(entities), std::end(entities),
-                                    [unit](const entity& each) { return each.unit == unit; });
-    return found == std::end(entities) ? std::u16string_view() : found->form;
+    const char16_t dropped = treatment == lineFeeds::drop ? u'\n' : u'"'; // which is encoded anyway
+    while (!text.empty()) {
+        const std::span<char16_t> room = out.room();
+        const std::u16string_view next = text.substr(0, room.size());
+        const std::size_t plain = copyPlain(next, dropped, room.data());
+        out.keep(plain);
+        text.remove_prefix(plain);
+        if (plain == next.size()) continue;
+        out.put(encodedForm(text.front()));
+        text.remove_prefix(1);
+    }
 }
 
 } // namespace orlo

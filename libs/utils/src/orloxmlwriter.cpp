@@ -52,7 +52,6 @@ public:
 private:
     void writeIndent(std::size_t depth);
     void writeAttributes(const xmlNode& node);
-    void writeEncoded(const string& text, lineFeeds treatment);
     void writeClosingTag(const xmlNode& node);
 
     textBlocks& m_out;
@@ -70,11 +69,11 @@ void treeWriter::writeStart(const xmlNode& node, std::size_t depth)
         m_out.put(u">\n"sv);
         if (node.text.empty()) return;
         writeIndent(depth + 1);
-        writeEncoded(node.text, lineFeeds::drop);
+        putEncoded(node.text, lineFeeds::drop, m_out);
         m_out.put(u'\n');
     } else if (!node.text.empty()) {
         m_out.put(u'>');
-        writeEncoded(node.text, lineFeeds::keep);
+        putEncoded(node.text, lineFeeds::keep, m_out);
         writeClosingTag(node);
     } else {
         m_out.put(u"/>\n"sv);
@@ -100,14 +99,9 @@ void treeWriter::writeAttributes(const xmlNode& node)
         m_out.put(u' ');
         m_out.put(name);
         m_out.put(u"=\""sv);
-        writeEncoded(value, lineFeeds::keep);
+        putEncoded(value, lineFeeds::keep, m_out);
         m_out.put(u'"');
     }
-}
-
-void treeWriter::writeEncoded(const string& text, lineFeeds treatment)
-{
-    putEncoded(text, treatment, [this](std::u16string_view piece) { m_out.put(piece); });
 }
 
 void treeWriter::writeClosingTag(const xmlNode& node)

@@ -11,7 +11,7 @@ constexpr char16_t replacementUnit = 0xFFFD;
 
 // Most texts are ASCII for long runs, so both directions look at a block of input at once; the
 // loops over a block have no branch, and compilers make vector operations of them.
-constexpr std::ptrdiff_t blockLength = 16;
+constexpr std::ptrdiff_t blockLength = 32;
 
 // Copies a block through registers; false, with nothing copied, if not all of it is ASCII.
 template <class From, class To>
