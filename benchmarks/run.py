@@ -2,8 +2,8 @@
 "parse/small/10M/pugixml", the samples of all rounds.
 
 Every benchmark runs in a process of its own, so that none finds a heap that another one has
-warmed or scattered, and the rounds go through all of them in turn, so that a busy moment of the
-machine hits everybody."""
+warmed or scattered. The rounds go through all of them in turn, those of one case one right after
+the other, so that a busy moment of the machine hits them all."""
 
 import argparse
 import json
@@ -20,7 +20,7 @@ ARGUMENTS.add_argument("--build", type=Path, required=True, help="the build fold
 ARGUMENTS.add_argument("--installed", type=Path, help="the installed tool, for whole runs")
 ARGUMENTS.add_argument("--runner", default="", help="runs the programs, as Wine does")
 ARGUMENTS.add_argument("--out", type=Path, required=True)
-ARGUMENTS.add_argument("--rounds", type=int, default=3)
+ARGUMENTS.add_argument("--rounds", type=int, default=5)
 ARGUMENTS.add_argument("--only", default="", help="a regular expression over the names")
 ARGUMENTS.add_argument("--large", action="store_true", help="also documents of 100 MB and a million files")
 
@@ -45,7 +45,8 @@ class Samples:
 def micro_names(program, large):
     listed = subprocess.run([*program, "--benchmark_list_tests"], capture_output=True, text=True, check=True)
     names = [line.strip() for line in listed.stdout.splitlines() if line.strip()]
-    return [name for name in names if large or "/100M/" not in name]
+    wanted = [name for name in names if large or "/100M/" not in name]
+    return sorted(wanted, key=lambda name: name.rsplit("/", 1)[0])
 
 
 def exactly(name):

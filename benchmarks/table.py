@@ -1,5 +1,5 @@
 """Prints what run.py has measured as one table in Markdown: for each case the project's median
-with its spread, and the project's ratio to each peer. Goals that are not met are marked."""
+with its spread, and the median of the project's ratio to each peer. Goals that are not met are marked."""
 
 import argparse
 import json
@@ -72,12 +72,12 @@ def goal_of(case, who):
     return None
 
 
-def comparison(case, who, ratio):
+def comparison(case, who, value):
     goal = goal_of(case, who)
-    text = f"{who} {ratio:.2f}"
+    text = f"{who} {value:.2f}"
     if goal is None:
         return text
-    return judged(text, ratio, goal)
+    return judged(text, value, goal)
 
 
 def judged(text, value, goal):
@@ -90,10 +90,15 @@ def own_figure(case, unit, values):
     return next((judged(text, median, goal) for pattern, goal in OWN_GOALS if re.match(pattern, case)), text)
 
 
+def ratio(values, peers):
+    """The median over the rounds: the two were measured one right after the other, so that the
+    drift of a machine's speed falls out."""
+    return statistics.median(value / peer for value, peer in zip(values, peers, strict=True))
+
+
 def row(case, whose):
     unit = next((name for prefix, name in UNITS.items() if case.startswith(prefix)), "µs")
-    median = statistics.median(whose["project"])
-    compared = [comparison(case, who, median / statistics.median(values))
+    compared = [comparison(case, who, ratio(whose["project"], values))
                 for who, values in whose.items() if who != "project"]
     return f"| {case} | {own_figure(case, unit, whose['project'])} | {', '.join(compared)} |"
 
