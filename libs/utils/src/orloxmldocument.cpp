@@ -7,6 +7,7 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <array>
 #include <memory>
 #include <new>
 #include <string>
@@ -76,26 +77,50 @@ void writeWhole(const file& target, const byteBuffer& bytes)
         throw writeFileException(target, nullptr);
 }
 
+// Bytes that are written in place and never move, as they are many.
+class byteChunks {
+public:
+    // Room for `count` bytes at the end; `keep` tells how many of them are written.
+    char* room(std::size_t count)
+    {
+        if (m_chunks.empty() || chunkBytes - m_chunks.back()->used < count)
+            m_chunks.push_back(std::make_unique_for_overwrite<chunk>());
+        return m_chunks.back()->bytes.data() + m_chunks.back()->used;
+    }
+    void keep(std::size_t count)
+    {
+        m_chunks.back()->used += count;
+        m_size += count;
+    }
+    [[nodiscard]] std::size_t size() const { return m_size; }
+    void appendTo(byteBuffer& out) const
+    {
+        for (const auto& each : m_chunks) out.append(each->bytes.data(), each->used);
+    }
+
+private:
+    static constexpr std::size_t chunkBytes = 16384;
+    struct chunk {
+        std::size_t used = 0;
+        std::array<char, chunkBytes> bytes;
+    };
+
+    std::vector<std::unique_ptr<chunk>> m_chunks;
+    std::size_t m_size = 0;
+};
+
 // Each piece is encoded by itself, so a surrogate pair across the border of two pieces
 // becomes two lone halves, and a zero unit drops the rest of its piece.
 constexpr std::size_t pieceUnits = 256;
-constexpr std::size_t bytesPerUnit = 3;
+constexpr std::size_t pieceBytes = 3 * pieceUnits;
 static_assert(textBlocks::blockUnits % pieceUnits == 0);
 
-// Gives the end of what was written.
-char* encodePiece(std::u16string_view units, char* to)
+void encodePiece(byteChunks& out, std::u16string_view units)
 {
-    const std::size_t length = platform::encodeUtf8(units.data(), units.size(), to);
+    char* const bytes = out.room(pieceBytes);
+    const std::size_t length = platform::encodeUtf8(units.data(), units.size(), bytes);
     if (length == 0) throw false;
-    return to + std::min(std::string_view(to, length).find('\0'), length);
-}
-
-std::string encodeBlock(std::u16string_view block)
-{
-    char bytes[textBlocks::blockUnits * bytesPerUnit];
-    char* end = bytes;
-    for (std::size_t at = 0; at < block.size(); at += pieceUnits) end = encodePiece(block.substr(at, pieceUnits), end);
-    return {bytes, end};
+    out.keep(std::min(std::string_view(bytes, length).find('\0'), length));
 }
 
 // Encodes the document block by block while it is written: its whole text would go through
@@ -103,11 +128,10 @@ std::string encodeBlock(std::u16string_view block)
 void writeUtf8(byteBuffer& out, const xmlDocument& document)
 {
     std::size_t units = 0;
-    std::size_t bytes = 0;
-    std::vector<std::string> encoded;
+    byteChunks bytes;
     textBlocks blocks([&](std::u16string_view block) {
         units += block.size();
-        bytes += encoded.emplace_back(encodeBlock(block)).size();
+        for (std::size_t at = 0; at < block.size(); at += pieceUnits) encodePiece(bytes, block.substr(at, pieceUnits));
     });
     string declaration;
     xmlDocument::writeDeclaration(declaration, xmlEncoding::utf8);
@@ -116,9 +140,9 @@ void writeUtf8(byteBuffer& out, const xmlDocument& document)
     blocks.finish();
 
     constexpr std::string_view mark = "\xEF\xBB\xBF";
-    out.reserve(out.size() + std::max(units + units / 2, mark.size() + bytes));
+    out.reserve(out.size() + std::max(units + units / 2, mark.size() + bytes.size()));
     out.append(mark.data(), mark.size());
-    for (const std::string& block : encoded) out.append(block.data(), block.size());
+    bytes.appendTo(out);
 }
 
 void writeUnits(byteBuffer& out, const xmlDocument& document, xmlEncoding encoding)
