@@ -72,7 +72,8 @@ int formatText(char16_t* buffer, std::size_t capacity, const char16_t* format,
 // for 350 units behind the precision.
 char16_t* printFixed(char16_t* buffer, double value, int precision);
 // The same with at most 8 decimals: trailing zeros and a trailing separator are removed.
-char16_t* printNumber(char16_t* buffer, double value);
+// Without memory the text stays as it was.
+void printNumber(string& to, double value);
 
 // Scans of a zero-terminated text, as scanf reads "%ld", "%lu", "%llu" and "%lf": leading white
 // space and a sign are taken, the reading stops at the first unit that can't go on, a number

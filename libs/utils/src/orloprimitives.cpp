@@ -199,11 +199,11 @@ void writeForUser(string& to, std::u16string_view printed, bool keepZeros)
 
 void writeDouble(string& to, double value, unsigned flags, const argumentList& arguments)
 {
-    char16_t units[numberRoom];
     if ((flags & (widthGiven | localeNumbers)) == 0) {
-        to.assign(units, printNumber(units, value));
+        printNumber(to, value);
         return;
     }
+    char16_t units[numberRoom];
     const std::u16string_view printed(units, printFixed(units, value, decimalsOf(flags, arguments)));
     if ((flags & localeNumbers) == 0)
         to.assign(printed);

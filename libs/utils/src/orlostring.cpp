@@ -13,9 +13,6 @@ namespace orlo {
 
 namespace {
 
-// Sign, 309 digits, separator and 8 decimals, with room to spare.
-constexpr std::size_t numberRoom = 512;
-
 [[noreturn]] void throwPosition()
 {
     throw std::out_of_range("invalid string position");
@@ -121,8 +118,7 @@ string string::lowerCopy() const
 
 string& string::setNumber(double value)
 {
-    char16_t buffer[numberRoom];
-    assign(buffer, printNumber(buffer, value));
+    printNumber(*this, value);
     return *this;
 }
 

@@ -461,13 +461,14 @@ char16_t* printFixed(char16_t* buffer, double value, int precision)
     return std::fill_n(buffer, decimals - exactDecimals, u'0');
 }
 
-char16_t* printNumber(char16_t* buffer, double value)
+void printNumber(string& to, double value)
 {
     narrowBuffer room;
     std::string_view text = convert(room, value, std::chars_format::fixed, numberDecimals);
     while (text.size() > 1 && text.back() == '0') text.remove_suffix(1);
     if (text.back() == '.') text.remove_suffix(1);
-    return widen(text, buffer);
+    to.resize(text.size());
+    widen(text, to.data());
 }
 
 } // namespace orlo
