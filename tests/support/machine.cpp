@@ -631,6 +631,8 @@ void showMessageBox(window owner, const char16_t* text, const char16_t* title, s
     if (!call.fails()) machine::current().boxes.push_back({text, title, style, owner});
 }
 
+void expectFilling(void*, std::size_t) {}
+
 void* createMutex()
 {
     const observedCall call("createMutex");

@@ -1,5 +1,7 @@
 #include "orlobytebuffer.h"
 
+#include "platform/platform.h"
+
 #include <cstring>
 #include <utility>
 
@@ -22,6 +24,7 @@ void byteBuffer::append(const void* bytes, std::size_t count)
 byteBuffer::block byteBuffer::grow(std::size_t capacity)
 {
     block larger(new unsigned char[capacity]);
+    platform::expectFilling(larger.get(), capacity);
     if (m_size != 0) std::memcpy(larger.get(), m_data.get(), m_size);
     m_capacity = capacity;
     return std::exchange(m_data, std::move(larger));

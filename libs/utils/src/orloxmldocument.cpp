@@ -65,6 +65,7 @@ byteBlock readWhole(const file& source, std::int32_t size)
     if (!opened.isOpen()) throw readFileException(source, nullptr);
     if (!bytes) throw outOfMemoryException();
     const auto wanted = static_cast<std::size_t>(size);
+    platform::expectFilling(bytes.get(), wanted);
     if (platform::readFile(opened.handle(), bytes.get(), wanted) != wanted) throw readFileException(source, nullptr);
     return bytes;
 }

@@ -28,6 +28,7 @@ documentText newText(std::size_t room)
 {
     documentText text{std::unique_ptr<char16_t[]>(new (std::nothrow) char16_t[room])};
     if (!text.units) throw outOfMemoryException();
+    platform::expectFilling(text.units.get(), room * sizeof(char16_t));
     return text;
 }
 

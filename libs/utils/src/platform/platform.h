@@ -109,6 +109,12 @@ inline constexpr std::uint32_t taskModal = 0x2000;
 // Blocks until somebody has answered.
 void showMessageBox(window owner, const char16_t* text, const char16_t* title, std::uint32_t style);
 
+// --- Memory --------------------------------------------------------------------------------
+
+// Tells that a block is about to be filled from end to end: the system may then give its pages
+// many at a time. Changes nothing of what the block holds.
+void expectFilling(void* block, std::size_t size);
+
 // --- Mutexes -------------------------------------------------------------------------------
 
 // Recursive; null if the system gives none.

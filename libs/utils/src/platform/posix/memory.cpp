@@ -1,0 +1,27 @@
+#include "platform/platform.h"
+
+#include <cstdint>
+#include <sys/mman.h>
+#include <unistd.h>
+
+namespace orlo::platform {
+
+namespace {
+
+// Less would spare few pages, and the call has its price.
+constexpr std::size_t leastSize = std::size_t{4} << 20;
+
+} // namespace
+
+void expectFilling(void* block, std::size_t size)
+{
+    if (size < leastSize) return;
+    const auto pageSize = static_cast<std::uintptr_t>(::sysconf(_SC_PAGESIZE));
+    const auto begin = reinterpret_cast<std::uintptr_t>(block);
+    const std::uintptr_t firstPage = (begin + pageSize - 1) / pageSize * pageSize;
+    const std::uintptr_t lastPage = (begin + size) / pageSize * pageSize;
+    // A system without large pages refuses, and nothing is lost.
+    ::madvise(reinterpret_cast<void*>(firstPage), lastPage - firstPage, MADV_HUGEPAGE);
+}
+
+} // namespace orlo::platform
