@@ -7,6 +7,7 @@
 #include "orlopath.h"
 
 #include <algorithm>
+#include <array>
 #include <cstddef>
 #include <set>
 #include <type_traits>
@@ -81,7 +82,7 @@ public:
     struct entry {
         view key;
         view value;
-        std::uint64_t rank = 0; // for sorting
+        std::array<std::uint64_t, 2> rank{}; // for sorting
     };
 
     // The entries in the order of the text, keys more than once included. Their views end
@@ -156,7 +157,7 @@ void entryReader::finishEntry()
         *to = lineFeed ? u'\n' : *from;
         if (lineFeed) ++from;
     }
-    m_found.push_back({m_key, view(start, to), 0});
+    m_found.push_back({m_key, view(start, to)});
     m_key = {};
 }
 
@@ -171,11 +172,14 @@ std::size_t commonLength(const std::vector<entryReader::entry>& entries)
     return common.size();
 }
 
-// Four units as one number of the same order; zeros stand for what is missing.
-std::uint64_t rankOf(view units)
+// Eight units as numbers of the same order; zeros stand for what is missing.
+std::array<std::uint64_t, 2> rankOf(view units)
 {
-    std::uint64_t rank = 0;
-    for (std::size_t index = 0; index < 4; ++index) rank = rank << 16 | (index < units.size() ? units[index] : 0);
+    std::array<std::uint64_t, 2> rank{};
+    for (std::size_t index = 0; index < 8; ++index) {
+        std::uint64_t& part = rank[index / 4];
+        part = part << 16 | (index < units.size() ? units[index] : 0);
+    }
     return rank;
 }
 
