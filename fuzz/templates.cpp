@@ -87,23 +87,23 @@ public:
     [[nodiscard]] const text& whole() const { return m_text; }
     [[nodiscard]] const std::optional<std::uint32_t>& severity() const { return m_severity; }
 
-    bool locate(judgedConversion& spec, place& found, const std::optional<text>& name)
+    bool locate(judgedConversion& conversion, place& found, const std::optional<text>& name)
     {
         found = {0, m_text.size()};
         if (m_text.empty()) return false;
         const bool placed = name ? findName(*name, found) : findNumber(++m_next, found);
-        for (std::size_t at = found.position; at + 1 < found.end && spec.kind == 0; ++at) {
+        for (std::size_t at = found.position; at + 1 < found.end && conversion.kind == 0; ++at) {
             if (m_text[at] != u'%' || m_text[at + 1] == u'%') continue;
             std::size_t end = at;
-            while (end < m_text.size() && spec.kind == 0) spec.add(m_text[end++]);
-            if (spec.kind != 0 && !placed) found = {at, end};
+            while (end < m_text.size() && conversion.kind == 0) conversion.add(m_text[end++]);
+            if (conversion.kind != 0 && !placed) found = {at, end};
         }
-        if (placed && spec.kind == 0) {
-            spec.add(u'%');
-            spec.add(u's');
+        if (placed && conversion.kind == 0) {
+            conversion.add(u'%');
+            conversion.add(u's');
         }
-        if (!placed && spec.kind == 0) found = {};
-        return spec.kind != 0;
+        if (!placed && conversion.kind == 0) found = {};
+        return conversion.kind != 0;
     }
     void replace(const place& at, const text& by) { m_text.replace(at.position, at.end - at.position, by); }
 
@@ -195,23 +195,23 @@ struct valueOf {
 };
 
 // No value where the judge doesn't know.
-std::optional<text> judgedValue(const judgedConversion& spec, const valueOf& value)
+std::optional<text> judgedValue(const judgedConversion& conversion, const valueOf& value)
 {
     const bool isFinite = std::fabs(value.number) < 2147483648.0;
-    if (spec.kind == 'f') {
-        const auto form = plainForm(spec.units, "eEfgG", "");
+    if (conversion.kind == 'f') {
+        const auto form = plainForm(conversion.units, "eEfgG", "");
         if (form && std::isfinite(value.number)) return printed(*form, value.number);
-    } else if (spec.kind == 'd' && isFinite) {
-        const auto form = plainForm(spec.units, "diouxX", "");
+    } else if (conversion.kind == 'd' && isFinite) {
+        const auto form = plainForm(conversion.units, "diouxX", "");
         if (form) return printed(*form, static_cast<int>(value.number));
-    } else if (spec.kind == 's' && std::isfinite(value.number)) {
-        const auto form = plainForm(spec.units, "s", "");
+    } else if (conversion.kind == 's' && std::isfinite(value.number)) {
+        const auto form = plainForm(conversion.units, "s", "");
         const text word = value.whole ? printed("%d", static_cast<int>(value.number)) : printed("%f", value.number);
         const std::string narrow =
             *value.word != '\0' ? std::string(value.word) : std::string(word.begin(), word.end());
         const bool known = form && form->find_first_of("0#+ ") > form->find_first_of("123456789.s");
         if (known) return printed(*form, narrow.c_str());
-    } else if (spec.kind == 'C') {
+    } else if (conversion.kind == 'C') {
         return text();
     }
     return std::nullopt;
@@ -239,24 +239,24 @@ public:
     template <class Value>
     void insertNumber(Value value, const valueOf& judged, const std::optional<text>& name)
     {
-        judgedConversion spec;
+        judgedConversion conversion;
         place at;
-        const bool located = m_judge.locate(spec, at, name);
+        const bool located = m_judge.locate(conversion, at, name);
         expect(m_product.insertValue(value, name ? name->c_str() : nullptr), "a number is always taken");
-        const std::optional<text> wanted = located ? judgedValue(spec, judged) : text();
+        const std::optional<text> wanted = located ? judgedValue(conversion, judged) : text();
         const bool staysOpen = std::is_same_v<Value, int>;
         take(at, wanted, staysOpen);
     }
 
     void insertText(const text& value, const std::optional<text>& name)
     {
-        judgedConversion spec;
+        judgedConversion conversion;
         place at;
-        const bool located = m_judge.locate(spec, at, name);
+        const bool located = m_judge.locate(conversion, at, name);
         const bool taken = m_product.insertValue(value.c_str(), name ? name->c_str() : nullptr);
         expect(taken == located, "a text is taken where there is a place");
         if (!located) return expectSame("without a place the text stays");
-        take(at, spec.units == u"%s" ? std::optional<text>(value) : std::nullopt, false);
+        take(at, conversion.units == u"%s" ? std::optional<text>(value) : std::nullopt, false);
     }
 
 private:

@@ -42,6 +42,14 @@ protected:
         for (const auto& hit : search(pattern)) found.insert(hit.first);
         return found;
     }
+    void linkToEachKind() const
+    {
+        makeFolder("folder");
+        put("file", "kept");
+        std::filesystem::create_symlink("folder", native("to-folder"));
+        std::filesystem::create_symlink("file", native("to-file"));
+        std::filesystem::create_symlink("missing", native("to-nothing"));
+    }
 };
 using patternTest = namesTest;
 using copyTest = namesTest;
@@ -171,11 +179,7 @@ TEST_F(namesTest, tellTheAttributes)
 
 TEST_F(namesTest, ofLinksTellWhatTheyLeadTo)
 {
-    makeFolder("folder");
-    put("file", "");
-    std::filesystem::create_symlink("folder", native("to-folder"));
-    std::filesystem::create_symlink("file", native("to-file"));
-    std::filesystem::create_symlink("missing", native("to-nothing"));
+    linkToEachKind();
     for (const std::uint32_t wanted : {0u, everyAttribute}) {
         const auto hits = search(u"to-*", wanted);
         ASSERT_EQ(hits.size(), 3u);
@@ -187,11 +191,7 @@ TEST_F(namesTest, ofLinksTellWhatTheyLeadTo)
 
 TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
 {
-    makeFolder("folder");
-    put("file", "kept");
-    std::filesystem::create_symlink("folder", native("to-folder"));
-    std::filesystem::create_symlink("file", native("to-file"));
-    std::filesystem::create_symlink("missing", native("to-nothing"));
+    linkToEachKind();
     EXPECT_FALSE(platform::removeFile(path("to-folder")));
     EXPECT_TRUE(isThere("to-folder"));
     EXPECT_TRUE(platform::removeFile(path("to-file")));
@@ -203,11 +203,7 @@ TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
 
 TEST_F(namesTest, ofLinksThatASearchFindsAreRemovedUnlessTheyLeadToAFolder)
 {
-    makeFolder("folder");
-    put("file", "kept");
-    std::filesystem::create_symlink("folder", native("to-folder"));
-    std::filesystem::create_symlink("file", native("to-file"));
-    std::filesystem::create_symlink("missing", native("to-nothing"));
+    linkToEachKind();
     for (auto hit = directory(path("")).findFiles(u"to-*", 0); !hit.path().empty();) EXPECT_TRUE(hit.removeAndNext());
     EXPECT_TRUE(isThere("to-folder"));
     EXPECT_FALSE(isThere("to-file"));
