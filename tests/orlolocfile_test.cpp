@@ -207,6 +207,21 @@ TEST_F(languageFile, keepsTheFirstEntryOfAKey)
     });
 }
 
+TEST_F(languageFile, tellsKeysApartWhereverTheyDiffer)
+{
+    for (std::size_t at = 0; at < 40; ++at) {
+        std::u16string low(40, u'm');
+        std::u16string high = low;
+        low[at] = u'a';
+        high[at] = u'\u4e2d';
+        const std::u16string file = high + u" high\nz other\n" + low + u" low\n" + high + u" second\nshort text\n" +
+                                    low.substr(0, at + 1) + u" begun\n";
+        EXPECT_EQ(textIn(string(file), low.c_str()), string(u"low")) << at;
+        EXPECT_EQ(textIn(string(file), high.c_str()), string(u"high")) << at;
+        EXPECT_EQ(textIn(string(file), low.substr(0, at + 1).c_str()), string(at < 39 ? u"begun" : u"low")) << at;
+    }
+}
+
 TEST_F(languageFile, keepsTheFirstEntryOfEachOfManyKeys)
 {
     constexpr int keys = 20;

@@ -287,3 +287,14 @@ TEST(xmlWriter, aLineFeedBesideChildrenGoesWhereverItStandsInALongText)
         EXPECT_EQ(written(node), string(u"<a>\n   " + std::u16string(99, u'x') + u"\n   <b/>\n</a>\n"));
     }
 }
+
+TEST(xmlWriter, aLongTextBesideChildrenIsEncodedToo)
+{
+    const std::u16string plain(40, u'x');
+    for (const auto& [unit, form] :
+         {std::pair{u"&", u"&amp;"}, {u"'", u"&apos;"}, {u"\"", u"&quot;"}, {u"<", u"&lt;"}, {u">", u"&gt;"}}) {
+        const refptr<xmlNode> node = nodeWithText(u"a", string(plain + unit + plain));
+        node->addChild(u"b");
+        EXPECT_EQ(written(node), string(u"<a>\n   " + plain + form + plain + u"\n   <b/>\n</a>\n"));
+    }
+}
