@@ -1,6 +1,6 @@
 #include "platform/platform.h"
 
-#include "tempfolder.h"
+#include "platform/tempfolder.h"
 
 using namespace orlo;
 using namespace orlo::tests;

@@ -1,7 +1,7 @@
 #include "orlodirectory.h"
 #include "platform/platform.h"
 
-#include "tempfolder.h"
+#include "platform/tempfolder.h"
 
 #include <map>
 #include <set>

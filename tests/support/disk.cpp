@@ -1,4 +1,4 @@
-#include "disk.h"
+#include "support/disk.h"
 
 #include "orlounit.h"
 

@@ -1,7 +1,7 @@
-#include "machine.h"
+#include "support/machine.h"
 
-#include "allocations.h"
-#include "disk.h"
+#include "support/allocations.h"
+#include "support/disk.h"
 #include "orlounit.h"
 #include "platform/platform.h"
 #include "platform/utf8codec.h"

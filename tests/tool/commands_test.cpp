@@ -1,7 +1,7 @@
 #include "commands.h"
 
 #include "orlolanguagetable.h"
-#include "toolrun.h"
+#include "tool/toolrun.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 #include "getncs.h"
 
 #include "orloexception.h"
-#include "toolrun.h"
+#include "tool/toolrun.h"
 
 #include <gtest/gtest.h>
 

@@ -1,6 +1,6 @@
 #include "slistat.h"
 
-#include "toolrun.h"
+#include "tool/toolrun.h"
 
 #include <gtest/gtest.h>
 

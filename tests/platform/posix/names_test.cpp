@@ -4,7 +4,7 @@
 #include "platform/platform.h"
 
 #include "platform/posix/nativetext.h"
-#include "system/tempfolder.h"
+#include "platform/tempfolder.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

@@ -3,7 +3,7 @@
 
 #include "platform/windows/system.h"
 #include "platform/windows/wide.h"
-#include "system/tempfolder.h"
+#include "platform/tempfolder.h"
 
 #include <map>
 

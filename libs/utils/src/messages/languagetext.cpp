@@ -1,4 +1,4 @@
-#include "languagetext.h"
+#include "messages/languagetext.h"
 
 #include "platform/platform.h"
 

@@ -3,7 +3,7 @@
 // commands and one for the entries.
 #include "orlolocfile.h"
 
-#include "languagetext.h"
+#include "messages/languagetext.h"
 #include "orlopath.h"
 
 #include <algorithm>

@@ -1,9 +1,9 @@
 #include "orloxmldocument.h"
 
 #include "orloexception.h"
-#include "orloxmlencoding.h"
-#include "orloxmlparser.h"
-#include "orloxmlwriter.h"
+#include "xml/xmlencoding.h"
+#include "xml/xmlparser.h"
+#include "xml/xmlwriter.h"
 #include "platform/platform.h"
 
 #include <algorithm>

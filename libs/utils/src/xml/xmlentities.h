@@ -1,7 +1,7 @@
 // The entity forms of the five units that XML markup is made of.
 #pragma once
 
-#include "orlotextblocks.h"
+#include "text/textblocks.h"
 
 #include <string_view>
 

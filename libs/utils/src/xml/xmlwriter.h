@@ -2,7 +2,7 @@
 #pragma once
 
 #include "orlostring.h"
-#include "orlotextblocks.h"
+#include "text/textblocks.h"
 
 namespace orlo {
 

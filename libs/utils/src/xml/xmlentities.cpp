@@ -1,11 +1,11 @@
 // Entities are decoded in passes until nothing changes. Nearly all texts hold no "&" at all
 // and are left after one search; of the rest, nearly all hold no "#x" and need no passes
 // either: the named entities alone come out the same in whatever order they are taken.
-#include "orloxmlentities.h"
+#include "xml/xmlentities.h"
 
 #include "orlotextformat.h"
-#include "orlounitsearch.h"
-#include "orlounitset.h"
+#include "text/unitsearch.h"
+#include "text/unitset.h"
 #include "orloxmlnode.h"
 
 #include <algorithm>

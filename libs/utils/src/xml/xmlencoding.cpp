@@ -1,4 +1,4 @@
-#include "orloxmlencoding.h"
+#include "xml/xmlencoding.h"
 
 #include "orloexception.h"
 #include "orlounit.h"

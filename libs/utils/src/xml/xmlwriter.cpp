@@ -1,6 +1,6 @@
 // The writer of element trees. Depth costs memory but no call stack, as in the reader.
-#include "orloxmlwriter.h"
-#include "orloxmlentities.h"
+#include "xml/xmlwriter.h"
+#include "xml/xmlentities.h"
 #include "orloxmlnode.h"
 
 #include <cstddef>

@@ -4,11 +4,11 @@
 // and all nodes that no finished element holds yet wait in another, each open element followed
 // by its children so far. An element that ends takes its children from there in one piece, so
 // a text that ends early leaves none of them behind.
-#include "orloxmlparser.h"
+#include "xml/xmlparser.h"
 #include "orloexception.h"
 #include "orlounit.h"
-#include "orlounitsearch.h"
-#include "orlounitset.h"
+#include "text/unitsearch.h"
+#include "text/unitset.h"
 #include "orloxmlnode.h"
 
 #include <algorithm>
