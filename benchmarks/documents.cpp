@@ -12,8 +12,10 @@ namespace {
 document measuringFile()
 {
     document made;
-    made.bytes = "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<MeasuringData>\n   <General PlatformName=\"P400\">\n"
-                 "      <Date Value=\"2024-05-17Z\"/>\n      <Time Value=\"09:41:07Z\"/>\n   </General>\n";
+    made.bytes =
+        "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<MeasuringData>\n   <General "
+        "PlatformName=\"P400\">\n"
+        "      <Date Value=\"2024-05-17Z\"/>\n      <Time Value=\"09:41:07Z\"/>\n   </General>\n";
     for (const char* name : {"cylinder1", "cylinder2", "cylinder3", "cylinder4"}) {
         made.bytes += "   <MeasuringPoint Name=\"" + std::string(name) + "\">\n";
         for (const char* axis : {"X", "Y", "Z"})
@@ -49,8 +51,8 @@ void addSmall(document& made, std::size_t number)
 void addAttributes(document& made, std::size_t number)
 {
     const std::string digits = std::to_string(number * 7919 % 1000000);
-    made.bytes += "   <point name=\"p" + digits + "\" x=\"" + digits + ".5\" y=\"-3.25\" z=\"0." + digits +
-                  "\" kind=\"measured\"/>\n";
+    made.bytes += "   <point name=\"p" + digits + "\" x=\"" + digits + ".5\" y=\"-3.25\" z=\"0." +
+                  digits + "\" kind=\"measured\"/>\n";
     ++made.content.elements;
     made.content.attributes += 5;
 }
@@ -60,7 +62,8 @@ std::string longText()
 {
     std::string text;
     for (int sentence = 0; text.size() < 4000; ++sentence) {
-        text += "The platform stands where the last measuring run has found it, within the usual limits; ";
+        text += "The platform stands where the last measuring run has found it, within the usual "
+                "limits; ";
         if (sentence % 8 == 0) text += "Träger &amp; Rahmen, ";
     }
     return text + "end.";
@@ -69,7 +72,8 @@ std::string longText()
 void addText(document& made, std::size_t)
 {
     static const std::string text = longText();
-    static const std::size_t entities = static_cast<std::size_t>(std::count(text.begin(), text.end(), '&'));
+    static const std::size_t entities =
+        static_cast<std::size_t>(std::count(text.begin(), text.end(), '&'));
     made.bytes += "   <note>" + text + "</note>\n";
     ++made.content.elements;
     made.content.characters += charactersOf(text) - 4 * entities;
@@ -118,8 +122,11 @@ const document& documentOf(std::string_view kind, std::size_t size)
 
 std::size_t charactersOf(std::string_view bytes)
 {
-    const auto continues = [](char byte) { return (static_cast<unsigned char>(byte) & 0xC0) == 0x80; };
-    return bytes.size() - static_cast<std::size_t>(std::count_if(bytes.begin(), bytes.end(), continues));
+    const auto continues = [](char byte) {
+        return (static_cast<unsigned char>(byte) & 0xC0) == 0x80;
+    };
+    return bytes.size() -
+           static_cast<std::size_t>(std::count_if(bytes.begin(), bytes.end(), continues));
 }
 
 } // namespace benchmarks

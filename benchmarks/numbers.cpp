@@ -12,7 +12,8 @@ namespace benchmarks {
 
 orloGeo::matrix4d platformFrame()
 {
-    return orloGeo::matrix4d::fromFrame({124.04187, -311.7702, 58.33091}, {0.99998476, 0.00498, -0.0021}, {},
+    return orloGeo::matrix4d::fromFrame({124.04187, -311.7702, 58.33091},
+                                        {0.99998476, 0.00498, -0.0021}, {},
                                         {0.0021, 0.00123, 0.999997});
 }
 
@@ -75,7 +76,8 @@ void printToChars(benchmark::State& state)
 {
     char text[64];
     const auto print = [&text](double value) {
-        return std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 8).ptr;
+        return std::to_chars(std::begin(text), std::end(text), value, std::chars_format::fixed, 8)
+            .ptr;
     };
     measurePrinting(
         state, [&](double value) { return withoutZeros(std::string(text, print(value))); },

@@ -21,14 +21,16 @@ std::string printedNumber(double value);
 std::string withoutZeros(std::string text);
 
 // As long as the longest name of a type in the registry.
-inline constexpr char typeName[] = "orlo::typeconvert::typeConverter<unsigned long long, orlo::string>";
+inline constexpr char typeName[] =
+    "orlo::typeconvert::typeConverter<unsigned long long, orlo::string>";
 
 // `print(value)` gives the text to check, `measure(value)` is what is timed.
 template <class Print, class Measure>
 void measurePrinting(benchmark::State& state, Print print, Measure measure)
 {
     for (const double value : resultNumbers())
-        if (print(value) != printedNumber(value)) return state.SkipWithError("a number reads otherwise");
+        if (print(value) != printedNumber(value))
+            return state.SkipWithError("a number reads otherwise");
     for (auto each : state)
         for (const double value : resultNumbers()) measure(value);
 }

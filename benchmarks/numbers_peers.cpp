@@ -12,7 +12,9 @@ namespace {
 void printFmt(benchmark::State& state)
 {
     char text[64];
-    const auto print = [&text](double value) { return fmt::format_to(text, FMT_COMPILE("{:.8f}"), value); };
+    const auto print = [&text](double value) {
+        return fmt::format_to(text, FMT_COMPILE("{:.8f}"), value);
+    };
     measurePrinting(
         state, [&](double value) { return withoutZeros(std::string(text, print(value))); },
         [&](double value) {
@@ -40,7 +42,8 @@ void crcZlib(benchmark::State& state)
     if (crc32(0, reinterpret_cast<const Bytef*>("123456789"), 9) != 0xCBF43926)
         return state.SkipWithError("the checksum is wrong");
     for (auto each : state)
-        benchmark::DoNotOptimize(crc32(0, reinterpret_cast<const Bytef*>(typeName), sizeof typeName - 1));
+        benchmark::DoNotOptimize(
+            crc32(0, reinterpret_cast<const Bytef*>(typeName), sizeof typeName - 1));
 }
 BENCHMARK(crcZlib)->Name("crc/type-name/zlib");
 

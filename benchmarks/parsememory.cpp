@@ -1,6 +1,6 @@
 // How much memory does a parse take at its peak? Takes a kind of document, a size and a file
-// `parsememory KIND SIZE FILE` writes a document, `parsememory FILE` reads it and prints the bytes by
-// which the process has grown.
+// `parsememory KIND SIZE FILE` writes a document, `parsememory FILE` reads it and prints the bytes
+// by which the process has grown.
 #include "documents.h"
 #include "orloxmldocument.h"
 
@@ -27,7 +27,8 @@ std::size_t peakMemory()
 int main(int count, char** arguments)
 {
     if (count == 4) {
-        const auto& made = benchmarks::documentOf(arguments[1], std::strtoull(arguments[2], nullptr, 10));
+        const auto& made =
+            benchmarks::documentOf(arguments[1], std::strtoull(arguments[2], nullptr, 10));
         return std::ofstream(arguments[3], std::ios::binary) << made.bytes ? 0 : 2;
     }
     if (count != 2) return 2;

@@ -68,7 +68,8 @@ std::filesystem::path languageFile(std::size_t entries)
     if (made.emplace(entries, true).second) {
         std::ofstream out(path, std::ios::binary);
         out << "\xEF\xBB\xBF; made for measurements\n";
-        for (std::size_t entry = 0; entry < entries; ++entry) out << keyOf(entry) << ' ' << textOf(entry) << '\n';
+        for (std::size_t entry = 0; entry < entries; ++entry)
+            out << keyOf(entry) << ' ' << textOf(entry) << '\n';
     }
     return path;
 }
@@ -85,7 +86,8 @@ void loadProject(benchmark::State& state)
                text.text() == orlo::string(widened(textOf(entry)));
     };
     orlo::locFile checked(source);
-    if (!hasEntry(checked, 0) || !hasEntry(checked, entries - 1) || checked.lookup(u"missing", text))
+    if (!hasEntry(checked, 0) || !hasEntry(checked, entries - 1) ||
+        checked.lookup(u"missing", text))
         return state.SkipWithError("a text is not what the file holds");
     for (auto each : state) {
         orlo::locFile loaded(source);
@@ -100,7 +102,8 @@ std::map<std::string, std::string> readLines(const std::filesystem::path& path)
     std::ifstream in(path);
     for (std::string line; std::getline(in, line);) {
         const auto blank = line.find(' ');
-        if (line[0] != ';' && blank != line.npos) entries.emplace(line.substr(0, blank), line.substr(blank + 1));
+        if (line[0] != ';' && blank != line.npos)
+            entries.emplace(line.substr(0, blank), line.substr(blank + 1));
     }
     return entries;
 }
@@ -109,7 +112,8 @@ void loadStreams(benchmark::State& state)
 {
     const auto entries = static_cast<std::size_t>(state.range(0));
     const auto path = languageFile(entries);
-    if (readLines(path).size() < entries || readLines(path)[keyOf(entries - 1)] != textOf(entries - 1))
+    if (readLines(path).size() < entries ||
+        readLines(path)[keyOf(entries - 1)] != textOf(entries - 1))
         return state.SkipWithError("a text is not what the file holds");
     for (auto each : state) benchmark::DoNotOptimize(readLines(path));
 }
@@ -119,7 +123,8 @@ void registerLoad(const char* who, Measure measure)
 {
     for (const auto& [name, entries] :
          {std::pair{"10", 10}, {"100", 100}, {"1000", 1000}, {"10000", 10000}, {"100000", 100000}})
-        benchmark::RegisterBenchmark((std::string("language-load/entries/") + name + "/" + who).c_str(), measure)
+        benchmark::RegisterBenchmark(
+            (std::string("language-load/entries/") + name + "/" + who).c_str(), measure)
             ->Arg(entries)
             ->Unit(benchmark::kMicrosecond);
 }
@@ -149,7 +154,8 @@ BENCHMARK(textOfFile)->Name("text-by-key/file/project");
 void textOfHashMap(benchmark::State& state)
 {
     std::unordered_map<std::u16string, std::u16string> texts;
-    for (std::size_t entry = 0; entry < 1000; ++entry) texts.emplace(widened(keyOf(entry)), widened(textOf(entry)));
+    for (std::size_t entry = 0; entry < 1000; ++entry)
+        texts.emplace(widened(keyOf(entry)), widened(textOf(entry)));
     const std::u16string key = widened(keyOf(500));
     if (texts.at(key) != widened(textOf(500))) return state.SkipWithError("not the text");
     for (auto each : state) benchmark::DoNotOptimize(std::u16string(texts.find(key)->second));

@@ -15,9 +15,12 @@ namespace {
 void measureChecks(benchmark::State& state, const std::vector<std::string>& paths)
 {
     struct stat found;
-    const auto check = [&found](const std::string& path) { return ::stat(path.c_str(), &found) == 0; };
+    const auto check = [&found](const std::string& path) {
+        return ::stat(path.c_str(), &found) == 0;
+    };
     for (const std::string& path : paths)
-        if (check(path) != (path == paths.back())) return state.SkipWithError("not the files of a look-up");
+        if (check(path) != (path == paths.back()))
+            return state.SkipWithError("not the files of a look-up");
     for (auto each : state)
         for (const std::string& path : paths) benchmark::DoNotOptimize(check(path));
 }
@@ -35,8 +38,8 @@ void checksOfTable(benchmark::State& state)
     const auto program = std::filesystem::read_symlink("/proc/self/exe").parent_path();
     const auto languages = program.parent_path() / "config/Language";
     const std::string found = languages / "english/language.loc";
-    measureChecks(
-        state, {program / "language.loc", languages / "language.loc", program / "english/language.loc", found, found});
+    measureChecks(state, {program / "language.loc", languages / "language.loc",
+                          program / "english/language.loc", found, found});
 }
 BENCHMARK(checksOfTable)->Name("text-by-key/table/file checks");
 

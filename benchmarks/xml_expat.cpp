@@ -46,7 +46,8 @@ struct treeBuilder {
     {
         auto made = std::make_unique<node>();
         made->name = name;
-        for (; *attributes != nullptr; attributes += 2) made->attributes.emplace_back(attributes[0], attributes[1]);
+        for (; *attributes != nullptr; attributes += 2)
+            made->attributes.emplace_back(attributes[0], attributes[1]);
         node* const entered = made.get();
         if (open.empty())
             root = std::move(made);
@@ -81,8 +82,8 @@ template <class Handler>
 Handler parseWith(std::string_view bytes)
 {
     Handler handler;
-    const std::unique_ptr<std::remove_pointer_t<XML_Parser>, void (*)(XML_Parser)> parser(XML_ParserCreate(nullptr),
-                                                                                          XML_ParserFree);
+    const std::unique_ptr<std::remove_pointer_t<XML_Parser>, void (*)(XML_Parser)> parser(
+        XML_ParserCreate(nullptr), XML_ParserFree);
     XML_SetUserData(parser.get(), &handler);
     XML_SetElementHandler(
         parser.get(),
@@ -120,7 +121,8 @@ struct expatEvents {
     static totals count(const eventCounter& counted) { return counted.all; }
 };
 
-const bool registered = registerXml<expatTree>("expat+tree") && registerXml<expatEvents>("expat-events");
+const bool registered =
+    registerXml<expatTree>("expat+tree") && registerXml<expatEvents>("expat-events");
 
 } // namespace
 

@@ -19,7 +19,8 @@ struct libXml2 {
     static tree parse(std::string_view bytes)
     {
         constexpr int options = XML_PARSE_HUGE | XML_PARSE_NOBLANKS;
-        return tree(xmlReadMemory(bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr, options));
+        return tree(
+            xmlReadMemory(bytes.data(), static_cast<int>(bytes.size()), nullptr, nullptr, options));
     }
 
     static totals count(const tree& counted)
@@ -32,12 +33,14 @@ struct libXml2 {
             open.pop_back();
             if (node->type == XML_ELEMENT_NODE) {
                 ++all.elements;
-                for (const xmlAttr* each = node->properties; each != nullptr; each = each->next) ++all.attributes;
+                for (const xmlAttr* each = node->properties; each != nullptr; each = each->next)
+                    ++all.attributes;
             } else if (node->type == XML_TEXT_NODE) {
                 all.characters += charactersOf(reinterpret_cast<const char*>(node->content));
             }
             if (node->next != nullptr) open.push_back(node->next);
-            if (node->type == XML_ELEMENT_NODE && node->children != nullptr) open.push_back(node->children);
+            if (node->type == XML_ELEMENT_NODE && node->children != nullptr)
+                open.push_back(node->children);
         }
         return all;
     }

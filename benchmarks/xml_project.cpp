@@ -35,7 +35,10 @@ struct projectXml {
     class written {
     public:
         explicit written(const tree& of) { of->writeBuffer(m_bytes, orlo::xmlEncoding::utf8); }
-        operator std::string_view() const { return {reinterpret_cast<const char*>(m_bytes.data()), m_bytes.size()}; }
+        operator std::string_view() const
+        {
+            return {reinterpret_cast<const char*>(m_bytes.data()), m_bytes.size()};
+        }
 
     private:
         orlo::byteBuffer m_bytes;

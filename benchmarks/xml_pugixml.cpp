@@ -10,7 +10,10 @@ namespace {
 
 class textWriter : public pugi::xml_writer {
 public:
-    void write(const void* data, std::size_t size) override { m_text.append(static_cast<const char*>(data), size); }
+    void write(const void* data, std::size_t size) override
+    {
+        m_text.append(static_cast<const char*>(data), size);
+    }
     std::string take() { return std::move(m_text); }
 
 private:
@@ -23,7 +26,8 @@ public:
     {
         if (node.type() == pugi::node_element) {
             ++all.elements;
-            for (const auto& attribute : node.attributes()) all.attributes += attribute.empty() ? 0 : 1;
+            for (const auto& attribute : node.attributes())
+                all.attributes += attribute.empty() ? 0 : 1;
         }
         if (node.type() == pugi::node_pcdata) all.characters += charactersOf(node.value());
         return true;
@@ -52,7 +56,8 @@ struct pugixml {
     static std::string write(const tree& written)
     {
         textWriter writer;
-        written->save(writer, "   ", pugi::format_default | pugi::format_write_bom, pugi::encoding_utf8);
+        written->save(writer, "   ", pugi::format_default | pugi::format_write_bom,
+                      pugi::encoding_utf8);
         return writer.take();
     }
 };

@@ -113,12 +113,14 @@ inline bool isDeeper(const xmlCase& each, std::size_t levels)
 
 // Registers all cases for a library, but for documents that are too deep for it.
 template <class Library>
-bool registerXml(const std::string& who, std::size_t deepestRead = million, std::size_t deepestWritten = million)
+bool registerXml(const std::string& who, std::size_t deepestRead = million,
+                 std::size_t deepestWritten = million)
 {
     for (const xmlCase& each : parseCases) {
         if (isDeeper(each, deepestRead)) continue;
         const std::string name = nameOf("parse", each, who);
-        benchmark::RegisterBenchmark(name.c_str(), measureParse<Library>, name, each)->Unit(benchmark::kMicrosecond);
+        benchmark::RegisterBenchmark(name.c_str(), measureParse<Library>, name, each)
+            ->Unit(benchmark::kMicrosecond);
     }
     if constexpr (writesTrees<Library>) {
         for (const xmlCase& each : writeCases) {

@@ -44,7 +44,9 @@ std::optional<date> judgedDate(const text& whole, char16_t delimiter)
     if (lowered(whole) == u"tomorrow") return date(2024, 3, 6);
     text bare = whole;
     if (!bare.empty() && (bare[0] == u'"' || bare[0] == u'\'')) {
-        const auto isTrimmed = [](char16_t unit) { return unit == u'"' || unit == u'\'' || unit == u' '; };
+        const auto isTrimmed = [](char16_t unit) {
+            return unit == u'"' || unit == u'\'' || unit == u' ';
+        };
         while (!bare.empty() && isTrimmed(bare.front())) bare.erase(0, 1);
         while (!bare.empty() && isTrimmed(bare.back())) bare.pop_back();
     }
@@ -66,7 +68,8 @@ judgedTime judge(std::uint32_t h, std::uint32_t m, std::uint32_t s, std::uint32_
 {
     if (h == 24 && m == 0 && s == 0 && ms == 0) return {86400, 0};
     const std::uint32_t hours = (h + m / 60 + s / 3600 + ms / 3600000) % 24;
-    return {3600 * hours + 60 * (m % 60 + (s % 3600) / 60 + (ms % 3600000) / 60000) + s % 60 + (ms % 60000) / 1000,
+    return {3600 * hours + 60 * (m % 60 + (s % 3600) / 60 + (ms % 3600000) / 60000) + s % 60 +
+                (ms % 60000) / 1000,
             ms % 1000 % 256};
 }
 
@@ -86,7 +89,8 @@ void expectTimeText(const text& whole)
     for (std::size_t i = 0; i < parts.size() && i < 4 && readable; ++i)
         readable = readNumber(parts[i], values[i]) && values[i] <= limits[i];
     time read(1, 2, 3, 4);
-    expect(convert(read, string(whole)) == readable, "a text is read as a time where its parts are in range");
+    expect(convert(read, string(whole)) == readable,
+           "a text is read as a time where its parts are in range");
     if (!readable) return expectTime(read, judge(1, 2, 3, 4));
     expectTime(read, judge(values[0] % 24, values[1], parts.size() > 3 ? values[3] : values[2], 0));
 }
@@ -98,7 +102,8 @@ void expectDateText(const text& whole)
     date read(1, 2, 3);
     expect(convert(read, string(whole)) == wanted.has_value(),
            "a text is read as a date where one of its forms stands");
-    expect(read == wanted.value_or(date(1, 2, 3)), "what is read is its date, and a text that fails changes nothing");
+    expect(read == wanted.value_or(date(1, 2, 3)),
+           "what is read is its date, and a text that fails changes nothing");
 }
 
 void expectSpan(const date& start, std::uint32_t count)
@@ -106,12 +111,14 @@ void expectSpan(const date& start, std::uint32_t count)
     if (!isCalendarDate(start)) return;
     const date end = start + days(count);
     const std::int64_t wanted = serial(start) + count;
-    if (wanted > serial(date(65535, 12, 31))) return expect(end == date(65535, 1, 1), "beyond the last year");
+    if (wanted > serial(date(65535, 12, 31)))
+        return expect(end == date(65535, 1, 1), "beyond the last year");
     expect(isCalendarDate(end) && serial(end) == wanted, "a span is added exactly");
     date back = start;
     days(count).subtractFrom(back);
     const bool sameYear = start.dayOfYear() > count;
-    if (sameYear && isCalendarDate(back)) expect(serial(back) == serial(start) - count, "and taken off within a year");
+    if (sameYear && isCalendarDate(back))
+        expect(serial(back) == serial(start) - count, "and taken off within a year");
 }
 
 } // namespace
@@ -132,7 +139,8 @@ void calendar(bytes given)
     if (year <= 65535 && month >= 1 && day >= 1) {
         string written;
         date read;
-        expect(convert(written, start) && convert(read, written), "the text of a date is read again");
+        expect(convert(written, start) && convert(read, written),
+               "the text of a date is read again");
         expect(read == start && isCalendarDate(start), "as the same date");
     }
     expectSpan(start, numbers.byte() % 2 != 0 ? take() : take() % 1000);

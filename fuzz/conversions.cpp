@@ -33,11 +33,14 @@ bool same(const Value& a, const Value& b)
 template <class Value>
 struct rangeOf {
     static constexpr bool isSigned = std::numeric_limits<Value>::is_signed;
-    static constexpr bool isLong = std::is_same_v<Value, long> || std::is_same_v<Value, unsigned long>;
+    static constexpr bool isLong =
+        std::is_same_v<Value, long> || std::is_same_v<Value, unsigned long>;
     static constexpr int bits = isLong ? 32 : static_cast<int>(sizeof(Value) * 8);
-    static constexpr long double low = isSigned ? -static_cast<long double>(1ULL << (bits - 1)) : 0.0L;
-    static constexpr long double high =
-        isSigned ? static_cast<long double>((1ULL << (bits - 1)) - 1) : static_cast<long double>(~0ULL >> (64 - bits));
+    static constexpr long double low =
+        isSigned ? -static_cast<long double>(1ULL << (bits - 1)) : 0.0L;
+    static constexpr long double high = isSigned
+                                            ? static_cast<long double>((1ULL << (bits - 1)) - 1)
+                                            : static_cast<long double>(~0ULL >> (64 - bits));
 };
 
 // --- numbers to numbers ------------------------------------------------------------------------
@@ -49,10 +52,13 @@ void expectInteger(From from)
     To to{};
     const bool fits = convert(to, from);
     const auto value = static_cast<long double>(from);
-    if (std::is_floating_point_v<From> && (std::isnan(value) || value >= rangeOf<To>::high)) return; // other limits
-    expect(fits == (value >= rangeOf<To>::low && value <= rangeOf<To>::high), "a number fits or doesn't");
+    if (std::is_floating_point_v<From> && (std::isnan(value) || value >= rangeOf<To>::high))
+        return; // other limits
+    expect(fits == (value >= rangeOf<To>::low && value <= rangeOf<To>::high),
+           "a number fits or doesn't");
     const long double limited = std::clamp(value, rangeOf<To>::low, rangeOf<To>::high);
-    expect(static_cast<long double>(to) == std::trunc(limited), "a number is cut, or becomes the nearest limit");
+    expect(static_cast<long double>(to) == std::trunc(limited),
+           "a number is cut, or becomes the nearest limit");
 }
 
 template <class To, class From>
@@ -72,7 +78,8 @@ void expectNumber(From from)
         const long double limit = std::numeric_limits<To>::max();
         if (std::isnan(value)) return;
         expect(fits == (value >= -limit && value <= limit), "a number fits or doesn't");
-        expect(to == static_cast<To>(std::clamp(value, -limit, limit)), "a number becomes the nearest one");
+        expect(to == static_cast<To>(std::clamp(value, -limit, limit)),
+               "a number becomes the nearest one");
     } else {
         expectInteger<To>(from);
     }
@@ -104,7 +111,8 @@ template <class Value>
 void expectIntegerText(Value value, int width)
 {
     string written = u"old";
-    expect(convert(written, value) && written == wide(std::to_string(value)), "an integer is written in decimal");
+    expect(convert(written, value) && written == wide(std::to_string(value)),
+           "an integer is written in decimal");
     Value read{};
     expect(convert(read, written) && read == value, "and read again");
 
@@ -113,7 +121,8 @@ void expectIntegerText(Value value, int width)
     const std::size_t zeros = width > 0 && static_cast<std::size_t>(width) > written.size()
                                   ? static_cast<std::size_t>(width) - written.size()
                                   : 0;
-    expect(padded == string(text(zeros, u'0')) + written, "zeros stand in front of all, the sign included");
+    expect(padded == string(text(zeros, u'0')) + written,
+           "zeros stand in front of all, the sign included");
 
     char digits[32];
     std::snprintf(digits, sizeof digits, "%llX", static_cast<unsigned long long>(value));
@@ -146,7 +155,8 @@ void expectDoubleText(double value, int precision)
     expect(set.setNumber(value) == written, "setNumber writes the same");
     if (!std::isfinite(value)) return;
     double read = 0;
-    expect(convert(read, written) && read == std::strtod(plain.c_str(), nullptr), "and reads again");
+    expect(convert(read, written) && read == std::strtod(plain.c_str(), nullptr),
+           "and reads again");
 }
 
 // --- texts to numbers --------------------------------------------------------------------------
@@ -155,7 +165,8 @@ void expectDoubleText(double value, int precision)
 std::string narrowed(const string& from)
 {
     std::string narrow;
-    for (const char16_t unit : text(from.c_str())) narrow += unit < 128 ? static_cast<char>(unit) : '?';
+    for (const char16_t unit : text(from.c_str()))
+        narrow += unit < 128 ? static_cast<char>(unit) : '?';
     return narrow;
 }
 
@@ -163,11 +174,14 @@ template <class Value>
 void expectRead(const string& from, const std::optional<Value>& wanted)
 {
     Value read = Value(7);
-    expect(convert(read, from) == wanted.has_value(), "a text is read where a number in range stands");
-    expect(same(read, wanted.value_or(Value(7))), "what is read is the number, and a text that fails changes nothing");
+    expect(convert(read, from) == wanted.has_value(),
+           "a text is read where a number in range stands");
+    expect(same(read, wanted.value_or(Value(7))),
+           "what is read is the number, and a text that fails changes nothing");
     Value again = Value(7);
     auto& registry = typeConverterRegistry::instance();
-    expect(registry.convert(typeid(Value), &again, typeid(string), &from, 0, {}) == wanted.has_value() &&
+    expect(registry.convert(typeid(Value), &again, typeid(string), &from, 0, {}) ==
+                   wanted.has_value() &&
                same(again, read),
            "the registry converts alike");
 }
@@ -236,8 +250,12 @@ void expectTexts(const string& from)
     const bool beyond = number && (*number < -most || *number > most);
     float read = 7;
     expect(convert(read, from) == (number && !beyond), "a text is read as a float where it fits");
-    const float limit = number && *number < 0 ? -std::numeric_limits<float>::max() : std::numeric_limits<float>::max();
-    expect(same(read, !number ? 7.0F : beyond ? limit : static_cast<float>(*number)), "a float is the nearest one");
+    const float limit = number && *number < 0 ? -std::numeric_limits<float>::max()
+                                              : std::numeric_limits<float>::max();
+    expect(same(read, !number  ? 7.0F
+                      : beyond ? limit
+                               : static_cast<float>(*number)),
+           "a float is the nearest one");
 }
 
 } // namespace

@@ -24,7 +24,8 @@ void encoding(bytes given)
     const bool goesOn = judged([&] { wanted = judgeDeclaredEncoding(given); }).has_value();
     std::string found;
     const std::optional<bool> came = find(given, found);
-    expect(came.has_value() == goesOn, "the process ends at a value that fills the buffer, and nowhere else");
+    expect(came.has_value() == goesOn,
+           "the process ends at a value that fills the buffer, and nowhere else");
     if (!came) return;
     expect(*came == wanted.has_value(), "a declared encoding is found where the rules tell");
     expect(!*came || found == *wanted, "the name is the one that the scanner collects");

@@ -45,7 +45,8 @@ std::vector<std::u16string> piecesOf(const std::u16string& whole, const std::u16
 {
     std::vector<std::u16string> pieces;
     std::size_t from = 0;
-    for (std::size_t at = whole.find(delimiter); at != whole.npos; at = whole.find(delimiter, from)) {
+    for (std::size_t at = whole.find(delimiter); at != whole.npos;
+         at = whole.find(delimiter, from)) {
         pieces.push_back(whole.substr(from, at - from));
         from = at + delimiter.size();
     }
@@ -55,7 +56,8 @@ std::vector<std::u16string> piecesOf(const std::u16string& whole, const std::u16
 
 std::u16string lowered(std::u16string word)
 {
-    for (char16_t& unit : word) unit = unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
+    for (char16_t& unit : word)
+        unit = unit >= u'A' && unit <= u'Z' ? static_cast<char16_t>(unit + 32) : unit;
     return word;
 }
 

@@ -32,7 +32,8 @@ private:
     void takeLine(std::u16string line);
     void applyCommands(textMap& entries) const;
     void loadOverride();
-    std::optional<std::u16string> search(const std::u16string& key, std::vector<std::u16string>& walked);
+    std::optional<std::u16string> search(const std::u16string& key,
+                                         std::vector<std::u16string>& walked);
 
     string m_path;
     string m_overridePath;

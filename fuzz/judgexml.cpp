@@ -79,7 +79,10 @@ public:
     std::optional<std::size_t> parse(judgedNode& node, std::size_t at);
 
 private:
-    [[nodiscard]] char16_t unitAt(std::size_t at) const { return at < m_text.size() ? m_text[at] : u'\0'; }
+    [[nodiscard]] char16_t unitAt(std::size_t at) const
+    {
+        return at < m_text.size() ? m_text[at] : u'\0';
+    }
     [[nodiscard]] bool stands(std::u16string_view what, std::size_t at) const
     {
         return m_text.compare(at, what.size(), what) == 0;
@@ -102,7 +105,8 @@ private:
     std::size_t readAttribute(judgedNode& node, std::size_t at) const;
     std::size_t closeTag(const judgedNode& node, std::size_t at) const;
     [[nodiscard]] std::u16string decodedText(std::size_t begin, std::size_t end) const;
-    std::optional<std::size_t> readChildren(judgedNode& node, std::vector<judgedNode>& children, std::size_t at);
+    std::optional<std::size_t> readChildren(judgedNode& node, std::vector<judgedNode>& children,
+                                            std::size_t at);
 
     const std::u16string& m_text;
     bool m_keep;
@@ -129,7 +133,8 @@ std::optional<std::size_t> judge::findTag(std::size_t at) const
 std::size_t judge::readName(judgedNode& node, std::size_t at) const
 {
     const std::size_t begin = at;
-    while (at < m_text.size() && !isBlank(m_text[at]) && m_text[at] != u'>' && m_text[at] != u'/') ++at;
+    while (at < m_text.size() && !isBlank(m_text[at]) && m_text[at] != u'>' && m_text[at] != u'/')
+        ++at;
     if (unitAt(at) == u'/' && unitAt(at + 1) != u'>') throw malformed();
     node.name = m_text.substr(begin, at - begin);
     return at;
@@ -148,7 +153,8 @@ std::size_t judge::readAttributes(judgedNode& node, std::size_t at) const
 std::size_t judge::readAttribute(judgedNode& node, std::size_t at) const
 {
     std::size_t nameEnd = at;
-    while (nameEnd < m_text.size() && !isBlank(m_text[nameEnd]) && m_text[nameEnd] != u'=') ++nameEnd;
+    while (nameEnd < m_text.size() && !isBlank(m_text[nameEnd]) && m_text[nameEnd] != u'=')
+        ++nameEnd;
     const std::size_t quote = skipBlanks(require(u'=', nameEnd) + 1);
     if (unitAt(quote) != u'"' && unitAt(quote) != u'\'') throw malformed();
     const std::size_t end = require(m_text[quote], quote + 1);
@@ -204,7 +210,8 @@ std::optional<std::size_t> judge::parse(judgedNode& node, std::size_t at)
     return end;
 }
 
-std::optional<std::size_t> judge::readChildren(judgedNode& node, std::vector<judgedNode>& children, std::size_t at)
+std::optional<std::size_t> judge::readChildren(judgedNode& node, std::vector<judgedNode>& children,
+                                               std::size_t at)
 {
     while (true) {
         at = require(u'<', at);
@@ -224,7 +231,8 @@ std::u16string unitsOf(bytes given)
 {
     std::u16string units;
     for (std::size_t at = 0; at < given.size(); at += 2)
-        units.push_back(static_cast<char16_t>(given[at] | (at + 1 < given.size() ? given[at + 1] << 8 : 0)));
+        units.push_back(
+            static_cast<char16_t>(given[at] | (at + 1 < given.size() ? given[at + 1] << 8 : 0)));
     return units;
 }
 
@@ -241,7 +249,8 @@ std::u16string converted(platform::encoding from, bytes given)
 std::u16string documentText(bytes given)
 {
     const std::string_view view(reinterpret_cast<const char*>(given.data()), given.size());
-    if (view.starts_with("\xEF\xBB\xBF")) return converted(platform::encoding::utf8, given.subspan(3));
+    if (view.starts_with("\xEF\xBB\xBF"))
+        return converted(platform::encoding::utf8, given.subspan(3));
     if (view.starts_with("\xFF\xFE")) return unitsOf(given.subspan(2));
     const std::string declared = lowered(judgeDeclaredEncoding(given).value_or(""));
     if (declared.empty() || declared == "utf-8") return converted(platform::encoding::utf8, given);
@@ -306,7 +315,8 @@ std::optional<std::string> judgeDeclaredEncoding(bytes given)
     return buffer.value();
 }
 
-std::optional<std::size_t> judgeParse(judgedNode& node, const std::u16string& text, bool keepWhitespace)
+std::optional<std::size_t> judgeParse(judgedNode& node, const std::u16string& text,
+                                      bool keepWhitespace)
 {
     return judge(text, keepWhitespace).parse(node, 0);
 }
@@ -343,7 +353,8 @@ std::size_t judgeEstimate(const judgedNode& node, std::size_t width)
 {
     std::size_t size = width + 1 + node.name.size();
     for (const auto& [name, value] : node.attributes) size += name.size() + value.size() + 8;
-    if (node.children.empty()) return size + (node.text.empty() ? 4 : node.text.size() + 9 + node.name.size());
+    if (node.children.empty())
+        return size + (node.text.empty() ? 4 : node.text.size() + 9 + node.name.size());
     size += 2;
     for (const judgedNode& child : node.children) size += judgeEstimate(child, width + 3);
     return size + node.name.size() + 5 + width;

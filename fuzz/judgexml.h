@@ -37,7 +37,8 @@ std::optional<std::string> judgeDeclaredEncoding(bytes given);
 
 // Where the caller goes on; no value if the text ended first. `text` has no zero unit: where
 // the text ends, the input ends.
-std::optional<std::size_t> judgeParse(judgedNode& node, const std::u16string& text, bool keepWhitespace);
+std::optional<std::size_t> judgeParse(judgedNode& node, const std::u16string& text,
+                                      bool keepWhitespace);
 void judgeParseBuffer(judgedNode& document, bytes given, bool keepWhitespace);
 
 void judgeWrite(std::u16string& out, const judgedNode& node, const std::u16string& indent);

@@ -13,8 +13,8 @@ namespace orlo::fuzz {
 
 namespace {
 
-const std::array<string, 4> filePaths{u"C:\\lang\\main.loc", u"C:\\lang\\site_main.loc", u"C:\\lang\\one.loc",
-                                      u"C:\\lang\\sub\\two.loc"};
+const std::array<string, 4> filePaths{u"C:\\lang\\main.loc", u"C:\\lang\\site_main.loc",
+                                      u"C:\\lang\\one.loc", u"C:\\lang\\sub\\two.loc"};
 
 std::string narrowText(bytes part)
 {
@@ -26,7 +26,8 @@ std::size_t countOf(std::string_view what, const std::vector<bytes>& parts)
     std::size_t count = 0;
     for (const bytes part : parts) {
         const std::string text = narrowText(part);
-        for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, at + 1)) ++count;
+        for (std::size_t at = text.find(what); at != text.npos; at = text.find(what, at + 1))
+            ++count;
     }
     return count;
 }
@@ -38,7 +39,8 @@ std::set<string> keysOf(const std::vector<bytes>& parts)
     for (const bytes part : parts) {
         std::vector<string> words;
         textOf(part).replaceChar(u'\n', u' ').replaceChar(u'$', u' ').split(u" ", words);
-        for (std::size_t i = 0; i < words.size() && keys.size() < 12; ++i) keys.insert(words[i].c_str());
+        for (std::size_t i = 0; i < words.size() && keys.size() < 12; ++i)
+            keys.insert(words[i].c_str());
     }
     return keys;
 }
@@ -61,7 +63,8 @@ void expectTexts(locFile& from, judgedLanguageFile& judge, const std::set<string
         const bool found = from.lookup(key.c_str(), text);
         const std::optional<std::u16string> wanted = judge.lookup(key);
         expect(found == wanted.has_value(), "a key is found where the rules tell");
-        expect(text.text() == (wanted ? string(*wanted) : string(u"as it was")), "its text is the one in the files");
+        expect(text.text() == (wanted ? string(*wanted) : string(u"as it was")),
+               "its text is the one in the files");
     }
 }
 
@@ -87,7 +90,8 @@ void language(bytes given)
     try {
         judge.emplace(filePaths[0]);
     } catch (const includesItself&) {
-        if (countOf("#include", parts) <= 6) expectEnd(keys); // must not be given: the ways are many
+        if (countOf("#include", parts) <= 6)
+            expectEnd(keys); // must not be given: the ways are many
         return;
     }
     locFile from{file(filePaths[0])};

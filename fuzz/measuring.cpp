@@ -42,10 +42,10 @@ void prepare(const question& asked, bool hasDescription)
 
 std::int32_t ask(const question& asked)
 {
-    const std::array<string, 4> given{u"-out:" + resultPath, u"-tavenfldr:C:\\taven", u"-platform:" + asked.platform,
-                                      u"-zoffset:" + asked.zoffset};
-    std::array<const char16_t*, 5> values{u"tool", given[0].c_str(), given[1].c_str(), given[2].c_str(),
-                                          given[3].c_str()};
+    const std::array<string, 4> given{u"-out:" + resultPath, u"-tavenfldr:C:\\taven",
+                                      u"-platform:" + asked.platform, u"-zoffset:" + asked.zoffset};
+    std::array<const char16_t*, 5> values{u"tool", given[0].c_str(), given[1].c_str(),
+                                          given[2].c_str(), given[3].c_str()};
     return taven::getncs(false, static_cast<int>(values.size()), values.data());
 }
 
@@ -60,7 +60,8 @@ std::u16string attributeOf(const judgedNode& node, std::u16string_view name)
 
 string told(const question& asked, const char16_t* what, const std::u16string& subject)
 {
-    return u"File \"" + measuringPath(asked) + u"\" doesn't " + what + u" \"" + string(subject) + u"\"";
+    return u"File \"" + measuringPath(asked) + u"\" doesn't " + what + u" \"" + string(subject) +
+           u"\"";
 }
 
 std::optional<string> refusalOfPoint(const judgedNode& point, const question& asked)
@@ -69,7 +70,8 @@ std::optional<string> refusalOfPoint(const judgedNode& point, const question& as
     for (const judgedNode& axis : point.children) {
         const std::u16string name = attributeOf(axis, u"Name");
         const std::u16string folded = lowered(name);
-        if (lowered(axis.name) != u"axis" || (folded != u"x" && folded != u"y" && folded != u"z")) continue;
+        if (lowered(axis.name) != u"axis" || (folded != u"x" && folded != u"y" && folded != u"z"))
+            continue;
         seen.insert(folded);
         double coordinate = 0;
         if (!typeconvert::convert(coordinate, string(axis.text)))
@@ -77,7 +79,8 @@ std::optional<string> refusalOfPoint(const judgedNode& point, const question& as
     }
     const std::u16string name = attributeOf(point, u"Name");
     if (seen.size() < 3) return told(asked, u"contains incomplete axis values for point", name);
-    if (name.size() == 9 && name.starts_with(u"cylinder") && name[8] >= u'1' && name[8] <= u'4') return std::nullopt;
+    if (name.size() == 9 && name.starts_with(u"cylinder") && name[8] >= u'1' && name[8] <= u'4')
+        return std::nullopt;
     return told(asked, u"contains unknown pointdata", name);
 }
 
@@ -92,11 +95,13 @@ std::optional<string> refusalOf(const judgedNode& document, const question& aske
         seen.insert(attributeOf(child, u"Name"));
     }
     if (seen.size() == 4) return std::nullopt;
-    return u"File \"" + measuringPath(asked) + u"\" doesn't contain all required four measuring points";
+    return u"File \"" + measuringPath(asked) +
+           u"\" doesn't contain all required four measuring points";
 }
 
 // What is shown, where points are refused or taken only once they are calculated with.
-std::optional<string> judgedReport(const question& asked, const judgedNode& document, outcome loaded)
+std::optional<string> judgedReport(const question& asked, const judgedNode& document,
+                                   outcome loaded)
 {
     double zoffset = 0;
     if (!typeconvert::convert(zoffset, asked.zoffset))
@@ -109,13 +114,15 @@ std::optional<string> judgedReport(const question& asked, const judgedNode& docu
 void expectReport(const question& asked, const std::optional<string>& wanted)
 {
     constexpr std::size_t mostUnits = 511; // of a report
-    const string invalid = u"File \"" + measuringPath(asked) +
-                           u"\" contains invalid measuring points - Error calculating new coordinate system";
+    const string invalid =
+        u"File \"" + measuringPath(asked) +
+        u"\" contains invalid measuring points - Error calculating new coordinate system";
     expect(machine::current().boxes.size() == 1, "a refusal is told once");
     const string& shown = machine::current().boxes[0].text;
     const string expected = wanted.value_or(invalid);
     expect(shown == expected.substr(0, mostUnits), "by the first fault");
-    expect(machine::current().content(resultPath) == oldResult, "and leaves an older answer as it was");
+    expect(machine::current().content(resultPath) == oldResult,
+           "and leaves an older answer as it was");
 }
 
 // --- the answer --------------------------------------------------------------------------------
@@ -128,7 +135,8 @@ std::array<double, 3> numbersOf(const xmlNode& frame, const char16_t* name)
     text.split(u",", pieces);
     expect(pieces.size() == 3, "each of three coordinates");
     std::array<double, 3> numbers{};
-    for (std::size_t i = 0; i < 3; ++i) expect(typeconvert::convert(numbers[i], pieces[i]), "which are numbers");
+    for (std::size_t i = 0; i < 3; ++i)
+        expect(typeconvert::convert(numbers[i], pieces[i]), "which are numbers");
     return numbers;
 }
 
@@ -149,7 +157,8 @@ void expectFrame(const xmlNode& node, const char16_t* name)
     if (!std::isfinite(product(x, x) + product(y, y) + product(z, z))) return;
     for (const auto* axis : {&x, &y, &z})
         expect(std::fabs(product(*axis, *axis) - 1) < 1e-6, "an axis has the length 1");
-    const double most = std::max({std::fabs(product(x, y)), std::fabs(product(y, z)), std::fabs(product(z, x))});
+    const double most =
+        std::max({std::fabs(product(x, y)), std::fabs(product(y, z)), std::fabs(product(z, x))});
     expect(most < 1e-3, "the axes stand on each other");
 }
 
@@ -162,12 +171,15 @@ void expectDocument(const question& asked)
     expect(document->name == u"getNCSResult" && document->attributes.empty(), "with its root");
     const xmlNode& message = *document->children.at(0);
     string type;
-    expect(message.name == u"message" && message.getAttribute(u"type", type), "and a message first");
+    expect(message.name == u"message" && message.getAttribute(u"type", type),
+           "and a message first");
     if (!machine::current().hasFile(measuringPath(asked))) {
-        expect(type == u"error" && document->children.size() == 1, "a platform without a file has an error alone");
+        expect(type == u"error" && document->children.size() == 1,
+               "a platform without a file has an error alone");
         return;
     }
-    expect(type == u"confirm" && document->children.size() == 3, "a measured platform has its two frames");
+    expect(type == u"confirm" && document->children.size() == 3,
+           "a measured platform has its two frames");
     expectFrame(*document->children[1], u"ncs");
     expectFrame(*document->children[2], u"cs");
 }
@@ -189,11 +201,13 @@ void measuring(bytes given)
 
     prepare(asked, !parts[0].empty() && parts[0][0] % 2 != 0);
     const std::optional<string> report =
-        judgedReport(asked, document, asked.file.empty() ? outcome::done : *loaded); // an empty file is not parsed
+        judgedReport(asked, document,
+                     asked.file.empty() ? outcome::done : *loaded); // an empty file is not parsed
     const std::int32_t code = ask(asked);
     expect(machine::current().openHandles() == 0, "each file is closed again");
     if (code == 0) return expectReport(asked, report);
-    expect(code == 1 && !report && machine::current().boxes.empty(), "an answer is 1, and shows nothing");
+    expect(code == 1 && !report && machine::current().boxes.empty(),
+           "an answer is 1, and shows nothing");
     expectDocument(asked);
 }
 

@@ -37,7 +37,8 @@ void expand(text& path)
     if (second == text::npos || second == first + 1) return;
     const text name = path.substr(first + 1, second - first - 1);
     string value;
-    if (getEnvironmentVariable(name.c_str(), value) && !value.empty()) replaceEach(path, u"%" + name + u"%", value);
+    if (getEnvironmentVariable(name.c_str(), value) && !value.empty())
+        replaceEach(path, u"%" + name + u"%", value);
 }
 
 void unquote(text& path)
@@ -70,7 +71,8 @@ void makeAbsolute(text& path)
 
 void resolve(text& path)
 {
-    for (std::size_t hit = path.find(u"\\\\", 1); hit != text::npos; hit = path.find(u"\\\\", hit)) path.erase(hit, 1);
+    for (std::size_t hit = path.find(u"\\\\", 1); hit != text::npos; hit = path.find(u"\\\\", hit))
+        path.erase(hit, 1);
     if (path.empty() || path.back() != u'\\') path += u'\\';
     for (std::size_t hit = path.find(u"\\..\\"); hit != text::npos; hit = path.find(u"\\..\\")) {
         const std::size_t before = hit == 0 ? text::npos : path.rfind(u'\\', hit - 1);
@@ -79,7 +81,8 @@ void resolve(text& path)
         else
             path.erase(before + 1, hit + 3 - before);
     }
-    for (std::size_t hit = path.find(u"\\.\\"); hit != text::npos; hit = path.find(u"\\.\\")) path.erase(hit, 2);
+    for (std::size_t hit = path.find(u"\\.\\"); hit != text::npos; hit = path.find(u"\\.\\"))
+        path.erase(hit, 2);
 }
 
 text judgedNormal(text path, bool trailing)
@@ -122,7 +125,8 @@ parts judgedParts(const text& path, bool lastDot)
     text root = path.substr(0, rootLength(path));
     text rest = path.substr(root.size());
     if (hasDrive(path))
-        for (char16_t& unit : root) unit = unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
+        for (char16_t& unit : root)
+            unit = unit >= u'a' && unit <= u'z' ? static_cast<char16_t>(unit - 32) : unit;
     while (!rest.empty() && (rest.back() == u'/' || rest.back() == u'\\')) rest.pop_back();
     const std::size_t separator = rest.find_last_of(u"/\\");
     const text directory = (separator == text::npos ? text() : rest.substr(0, separator)) + u"\\";
@@ -178,16 +182,19 @@ void expectParts(const string& path, std::uint32_t flags)
         try {
             partsOf(path, true);
         } catch (const std::out_of_range& failure) {
-            return expect(std::string(failure.what()) == "invalid string position", "the failure has its text");
+            return expect(std::string(failure.what()) == "invalid string position",
+                          "the failure has its text");
         }
         return expect(false, "a path of one unit is refused");
     }
     for (const bool lastDot : {true, false})
-        expect(partsOf(path, lastDot) == judgedParts(path, lastDot), "the parts are those of the steps");
+        expect(partsOf(path, lastDot) == judgedParts(path, lastDot),
+               "the parts are those of the steps");
     const parts is = judgedParts(path, true);
     expect(pathRoot(path) == is.root, "pathRoot is the root");
     const bool drive = is.root.size() == 2 && is.root[1] == u':';
-    expect(pathDriveLetter(path) == (drive ? is.root[0] : u' '), "pathDriveLetter is that of the root, or a blank");
+    expect(pathDriveLetter(path) == (drive ? is.root[0] : u' '),
+           "pathDriveLetter is that of the root, or a blank");
     expectJoined(path, flags);
 }
 
@@ -200,12 +207,14 @@ bool isRooted(const text& path)
 
 void expectNormal(const string& path)
 {
-    if (path.find_first_not_of(u'\\') == string::npos) return; // a text of backslashes is left whole
+    if (path.find_first_not_of(u'\\') == string::npos)
+        return; // a text of backslashes is left whole
     expect(path.find(u'/') == string::npos, "a normal form has backslashes only");
     expect(path.find(u"\\\\", 1) == string::npos, "no separator is doubled behind the first unit");
     expect(path.back() != u'\\', "a normal form ends in no separator");
     const text closed = path + u"\\";
-    expect(closed.find(u"\\.\\") == text::npos && closed.find(u"\\..\\") == text::npos, "no segment is . or ..");
+    expect(closed.find(u"\\.\\") == text::npos && closed.find(u"\\..\\") == text::npos,
+           "no segment is . or ..");
     if (!isRooted(path) || path.find(u'%') != string::npos || path[0] == u'"') return;
     expect(normalizePath(path, false) == path, "a normal form is its own");
 
@@ -215,7 +224,8 @@ void expectNormal(const string& path)
     const string whole = is.extension.empty() ? begin : begin + u"." + is.extension;
     const bool endsInDot = is.extension.empty() && path.back() == u'.';
     if (path[is.root.size()] != u'\\') return; // the name loses its first unit
-    expect((endsInDot ? whole + u"." : whole).substr(1) == path.substr(1), "the parts give the path again");
+    expect((endsInDot ? whole + u"." : whole).substr(1) == path.substr(1),
+           "the parts give the path again");
 }
 
 void expectNormalForms(const string& path)
@@ -229,7 +239,8 @@ void expectNormalForms(const string& path)
     ensureTrailingSeparator(ensured);
     text wanted = path;
     trimEnd(wanted, u'\\');
-    expect(ensured == string(wanted.empty() ? wanted : wanted + u"\\"), "a trailing separator is ensured");
+    expect(ensured == string(wanted.empty() ? wanted : wanted + u"\\"),
+           "a trailing separator is ensured");
 }
 
 } // namespace
@@ -241,7 +252,8 @@ void paths(bytes given)
     pieces.resize(5);
     input settings(pieces[0]);
     const std::uint32_t flags = settings.byte() & 0x7F;
-    static const std::array<string, 4> directories{u"C:\\work", u"D:\\", u"C:/a/.b", string(text(260, u'd'))};
+    static const std::array<string, 4> directories{u"C:\\work", u"D:\\", u"C:/a/.b",
+                                                   string(text(260, u'd'))};
     tests::machine& here = tests::machine::renew();
     here.workingDirectory = directories[settings.byte() % directories.size()];
     here.drive = 1 + settings.byte() % 26;

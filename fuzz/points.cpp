@@ -42,7 +42,8 @@ void expectReading(const string& whole)
 {
     const std::optional<point3d> wanted = judged(whole);
     Triple read(7, 8, 9);
-    expect(convert(read, whole) == wanted.has_value(), "a text is read where three numbers stand in it");
+    expect(convert(read, whole) == wanted.has_value(),
+           "a text is read where three numbers stand in it");
     const point3d kept = wanted.value_or(point3d(7, 8, 9));
     expect(same(read.x, kept.x) && same(read.y, kept.y) && same(read.z, kept.z),
            "what is read are its numbers, and a text that fails changes nothing");
@@ -69,9 +70,11 @@ void expectWriting(double x, double y, double z)
     Triple read;
     expect(convert(read, written), "what was written can be read");
     const auto isClose = [](double before, double after) {
-        return !keepsItsDecimals(before) || std::fabs(before - after) <= 0.5e-8 + std::fabs(before) * 1e-15;
+        return !keepsItsDecimals(before) ||
+               std::fabs(before - after) <= 0.5e-8 + std::fabs(before) * 1e-15;
     };
-    expect(isClose(x, read.x) && isClose(y, read.y) && isClose(z, read.z), "and is the same to eight decimals");
+    expect(isClose(x, read.x) && isClose(y, read.y) && isClose(z, read.z),
+           "and is the same to eight decimals");
 }
 
 // A refusal is the plain bool false, and leaves the target.
@@ -83,15 +86,18 @@ void expectArithmetic(const vector3d& u, double divisor)
         expect(!(std::fabs(divisor) <= 1e-12), "a divisor close to 0 is refused");
     } catch (const bool& refusal) {
         expect(!refusal && std::fabs(divisor) <= 1e-12, "only a divisor close to 0 is refused");
-        expect(same(changed.x, u.x) && same(changed.y, u.y) && same(changed.z, u.z), "a refusal changes nothing");
+        expect(same(changed.x, u.x) && same(changed.y, u.y) && same(changed.z, u.z),
+               "a refusal changes nothing");
     }
     try {
         const double length = orloGeo::length(orloGeo::normalized(u));
         const double before = orloGeo::length(u);
         expect(before > 1e-12, "a vector without length is refused");
-        if (before < 1e150) expect(std::fabs(length - 1) < 1e-6, "a normalised vector has the length 1");
+        if (before < 1e150)
+            expect(std::fabs(length - 1) < 1e-6, "a normalised vector has the length 1");
     } catch (const bool& refusal) {
-        expect(!refusal && !(orloGeo::length(u) > 1e-12), "only a vector without length is refused");
+        expect(!refusal && !(orloGeo::length(u) > 1e-12),
+               "only a vector without length is refused");
     }
 }
 

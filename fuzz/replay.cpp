@@ -22,9 +22,12 @@ struct target {
 };
 
 constexpr target targets[] = {
-    {"calendar", calendar}, {"conversions", conversions}, {"encoding", encoding}, {"entities", entities},
-    {"language", language}, {"measuring", measuring},     {"paths", paths},       {"points", points},
-    {"switches", switches}, {"templates", templates},     {"utf8", utf8},         {"xmlbytes", xmlbytes},
+    {"calendar", calendar}, {"conversions", conversions},
+    {"encoding", encoding}, {"entities", entities},
+    {"language", language}, {"measuring", measuring},
+    {"paths", paths},       {"points", points},
+    {"switches", switches}, {"templates", templates},
+    {"utf8", utf8},         {"xmlbytes", xmlbytes},
     {"xmltext", xmltext},   {"xmltree", xmltree},
 };
 
@@ -32,7 +35,8 @@ std::vector<path> filesIn(const path& folder)
 {
     std::vector<path> files;
     if (!std::filesystem::is_directory(folder)) return files;
-    for (const auto& entry : std::filesystem::directory_iterator(folder)) files.push_back(entry.path());
+    for (const auto& entry : std::filesystem::directory_iterator(folder))
+        files.push_back(entry.path());
     std::sort(files.begin(), files.end());
     return files;
 }

@@ -11,7 +11,8 @@ namespace orlo::fuzz {
 namespace {
 
 // Some are the beginning of another.
-constexpr std::array<const char16_t*, 6> literals{u"-out:", u"-o", u"-platform:", u"-", u"-zoffset:", u"-debug"};
+constexpr std::array<const char16_t*, 6> literals{u"-out:", u"-o",        u"-platform:",
+                                                  u"-",     u"-zoffset:", u"-debug"};
 
 // The value of the last argument for each literal, where the first literal that fits takes it.
 std::map<string, string> judged(const std::vector<string>& arguments)
@@ -41,12 +42,13 @@ void switches(bytes given)
 
     std::array<string, literals.size()> read;
     read.fill(u"start");
-    taven::readSwitches({static_cast<int>(values.size()), values.data()}, {{literals[0], &read[0]},
-                                                                           {literals[1], &read[1]},
-                                                                           {literals[2], &read[2]},
-                                                                           {literals[3], &read[3]},
-                                                                           {literals[4], &read[4]},
-                                                                           {literals[5], &read[5]}});
+    taven::readSwitches({static_cast<int>(values.size()), values.data()},
+                        {{literals[0], &read[0]},
+                         {literals[1], &read[1]},
+                         {literals[2], &read[2]},
+                         {literals[3], &read[3]},
+                         {literals[4], &read[4]},
+                         {literals[5], &read[5]}});
     std::map<string, string> wanted = judged(arguments);
     for (std::size_t i = 0; i < literals.size(); ++i)
         expect(read[i] == wanted[literals[i]], "the last argument of a switch gives its value");
@@ -54,7 +56,8 @@ void switches(bytes given)
     for (const string& argument : arguments) {
         const char16_t* const value = taven::switchValue(argument.c_str(), literals[0]);
         const bool carries = argument.starts_with(literals[0]);
-        expect(value == (carries ? argument.c_str() + 5 : nullptr), "the value is the rest behind the literal");
+        expect(value == (carries ? argument.c_str() + 5 : nullptr),
+               "the value is the rest behind the literal");
     }
 }
 

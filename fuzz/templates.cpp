@@ -62,7 +62,8 @@ struct judgedConversion {
 std::optional<long> scanned(const text& units)
 {
     std::string narrow;
-    for (const char16_t unit : units) narrow += unit > 0 && unit < 128 ? static_cast<char>(unit) : '?';
+    for (const char16_t unit : units)
+        narrow += unit > 0 && unit < 128 ? static_cast<char>(unit) : '?';
     char* end = nullptr;
     const long value = std::strtol(narrow.c_str(), &end, 10);
     if (end == narrow.c_str()) return std::nullopt;
@@ -105,7 +106,10 @@ public:
         if (!placed && conversion.kind == 0) found = {};
         return conversion.kind != 0;
     }
-    void replace(const place& at, const text& by) { m_text.replace(at.position, at.end - at.position, by); }
+    void replace(const place& at, const text& by)
+    {
+        m_text.replace(at.position, at.end - at.position, by);
+    }
 
 private:
     bool findNumber(long number, place& found) const
@@ -125,7 +129,8 @@ private:
         if (m_text.size() < 2) return false;
         for (std::size_t at = 0; at < m_text.size(); at = at == 0 ? 2 : at + 1) {
             if (m_text[at] != u'[' || (at > 0 && m_text[at - 1] == u'\\')) continue;
-            if (const std::optional<bool> matched = tryPlace(at, name, found); matched) return *matched;
+            if (const std::optional<bool> matched = tryPlace(at, name, found); matched)
+                return *matched;
         }
         return false;
     }
@@ -160,7 +165,8 @@ private:
 // --- what a number looks like -----------------------------------------------------------------
 
 // The conversion for the C library, if it is one of the plain forms that it knows too.
-std::optional<std::string> plainForm(const text& conversion, std::string_view letters, std::string_view length)
+std::optional<std::string> plainForm(const text& conversion, std::string_view letters,
+                                     std::string_view length)
 {
     std::size_t at = 1;
     const auto skip = [&](std::u16string_view set) {
@@ -172,7 +178,8 @@ std::optional<std::string> plainForm(const text& conversion, std::string_view le
         ++at;
         skip(u"0123456789");
     }
-    if (at + 1 != conversion.size() || letters.find(static_cast<char>(conversion[at])) == letters.npos)
+    if (at + 1 != conversion.size() ||
+        letters.find(static_cast<char>(conversion[at])) == letters.npos)
         return std::nullopt;
     std::string form;
     for (const char16_t unit : conversion) form += static_cast<char>(unit);
@@ -206,7 +213,8 @@ std::optional<text> judgedValue(const judgedConversion& conversion, const valueO
         if (form) return printed(*form, static_cast<int>(value.number));
     } else if (conversion.kind == 's' && std::isfinite(value.number)) {
         const auto form = plainForm(conversion.units, "s", "");
-        const text word = value.whole ? printed("%d", static_cast<int>(value.number)) : printed("%f", value.number);
+        const text word = value.whole ? printed("%d", static_cast<int>(value.number))
+                                      : printed("%f", value.number);
         const std::string narrow =
             *value.word != '\0' ? std::string(value.word) : std::string(word.begin(), word.end());
         const bool known = form && form->find_first_of("0#+ ") > form->find_first_of("123456789.s");
@@ -228,7 +236,10 @@ public:
         expectSame("a text is taken without its severity and leading blanks");
     }
 
-    [[nodiscard]] bool isHuge() const { return asksForMuch(m_judge.whole()) || m_judge.whole().size() > 20000; }
+    [[nodiscard]] bool isHuge() const
+    {
+        return asksForMuch(m_judge.whole()) || m_judge.whole().size() > 20000;
+    }
     void setText(const text& raw)
     {
         m_product.setText(raw.c_str());
@@ -242,7 +253,8 @@ public:
         judgedConversion conversion;
         place at;
         const bool located = m_judge.locate(conversion, at, name);
-        expect(m_product.insertValue(value, name ? name->c_str() : nullptr), "a number is always taken");
+        expect(m_product.insertValue(value, name ? name->c_str() : nullptr),
+               "a number is always taken");
         const std::optional<text> wanted = located ? judgedValue(conversion, judged) : text();
         const bool staysOpen = std::is_same_v<Value, int>;
         take(at, wanted, staysOpen);
@@ -276,7 +288,8 @@ private:
         const text behind = m_judge.whole().substr(at.end);
         const text now = m_product.text();
         if (staysOpen && now == m_judge.whole()) return {};
-        expect(now.size() >= before.size() + behind.size() && now.starts_with(before) && now.ends_with(behind),
+        expect(now.size() >= before.size() + behind.size() && now.starts_with(before) &&
+                   now.ends_with(behind),
                "only the place changes");
         return now.substr(before.size(), now.size() - before.size() - behind.size());
     }
@@ -285,7 +298,8 @@ private:
         expect(m_product.text() == string(m_judge.whole()), promise);
         expect((m_product.severity() != nullptr) == m_judge.severity().has_value(),
                "a severity is there if one was told");
-        expect(m_product.severity() == nullptr || *m_product.severity() == *m_judge.severity(), "the severity is kept");
+        expect(m_product.severity() == nullptr || *m_product.severity() == *m_judge.severity(),
+               "the severity is kept");
     }
 
     stringTemplate m_product;
@@ -300,8 +314,11 @@ text upToZero(bytes given)
 void insertNext(trial& tried, input& next, const std::vector<bytes>& words)
 {
     const std::uint8_t kind = next.byte();
-    const auto word = [&](std::size_t which) { return words.empty() ? text() : upToZero(words[which % words.size()]); };
-    const std::optional<text> name = (kind & 8) != 0 ? std::optional<text>(word(kind >> 4)) : std::nullopt;
+    const auto word = [&](std::size_t which) {
+        return words.empty() ? text() : upToZero(words[which % words.size()]);
+    };
+    const std::optional<text> name =
+        (kind & 8) != 0 ? std::optional<text>(word(kind >> 4)) : std::nullopt;
     switch (kind & 7) {
     case 0: {
         const auto value = next.take<short>();
@@ -313,7 +330,8 @@ void insertNext(trial& tried, input& next, const std::vector<bytes>& words)
     }
     case 2: {
         const auto value = next.take<std::int32_t>();
-        return tried.insertNumber(static_cast<long>(value), {static_cast<double>(value), true, ""}, name);
+        return tried.insertNumber(static_cast<long>(value), {static_cast<double>(value), true, ""},
+                                  name);
     }
     case 3: {
         const auto value = next.take<double>();
@@ -341,7 +359,8 @@ void templates(bytes given)
     trial tried(upToZero(parts.front()));
     input steps(parts.back());
     const std::vector<bytes> words(parts.begin(), parts.end() - 1);
-    for (int count = 0; count < 16 && !steps.ended() && !tried.isHuge(); ++count) insertNext(tried, steps, words);
+    for (int count = 0; count < 16 && !steps.ended() && !tried.isHuge(); ++count)
+        insertNext(tried, steps, words);
 }
 
 } // namespace orlo::fuzz

@@ -38,9 +38,10 @@ void decodeOne(bytes& rest, std::u16string& units)
 {
     const std::uint8_t first = rest[0];
     rest = rest.subspan(1);
-    const auto* const row = std::find_if(std::begin(sequences), std::end(sequences), [first](const sequence& each) {
-        return first >= each.first && first <= each.last;
-    });
+    const auto* const row =
+        std::find_if(std::begin(sequences), std::end(sequences), [first](const sequence& each) {
+            return first >= each.first && first <= each.last;
+        });
     if (row == std::end(sequences)) return append(units, 0xFFFD);
     std::uint32_t codePoint = row->following == 0 ? first : first & (0x3FU >> row->following);
     for (std::size_t i = 0; i < row->following; ++i) {
@@ -64,8 +65,8 @@ std::u16string decoded(bytes given)
 std::u16string withoutLoneHalves(std::u16string units)
 {
     for (std::size_t at = 0; at < units.size(); ++at) {
-        const bool pair =
-            at + 1 < units.size() && platform::isHighSurrogate(units[at]) && platform::isLowSurrogate(units[at + 1]);
+        const bool pair = at + 1 < units.size() && platform::isHighSurrogate(units[at]) &&
+                          platform::isLowSurrogate(units[at + 1]);
         if (pair)
             ++at;
         else if (platform::isHighSurrogate(units[at]) || platform::isLowSurrogate(units[at]))
@@ -80,7 +81,8 @@ void utf8(bytes given)
 {
     std::u16string wanted;
     for (bytes rest = given; !rest.empty();) decodeOne(rest, wanted);
-    expect(decoded(given) == wanted, "each sequence becomes its character, each part of one U+FFFD");
+    expect(decoded(given) == wanted,
+           "each sequence becomes its character, each part of one U+FFFD");
 
     const std::u16string units = textOf(given);
     std::string written(units.size() * 3, '?');

@@ -12,7 +12,8 @@ void xmlbytes(bytes given)
         const auto told = judged([&] { judgeParseBuffer(wanted, given, keepWhitespace); });
         if (!told) continue;
         const refptr<xmlDocument> document = xmlDocument::createDocument();
-        const outcome came = read([&] { document->parseBuffer(given.data(), given.size(), keepWhitespace); });
+        const outcome came =
+            read([&] { document->parseBuffer(given.data(), given.size(), keepWhitespace); });
         if (given.data() == nullptr) continue; // no buffer, nothing to read
         expect(came == *told, "bytes are taken or refused as the rules tell");
         expect(judgedForm(*document) == wanted, "the tree is the one that the rules tell");

@@ -17,11 +17,14 @@ void xmltext(bytes given)
         if (!told) continue;
         const refptr<xmlNode> node = xmlNode::createNode(u"");
         const char16_t* end = nullptr;
-        const outcome came = read([&] { end = node->parseText(text.c_str(), keepWhitespace, nullptr); });
+        const outcome came =
+            read([&] { end = node->parseText(text.c_str(), keepWhitespace, nullptr); });
         expect(came == *told, "text is taken or refused as the rules tell");
-        expect(judgedForm(*node) == wanted, "the tree is the one that the rules tell, also after a fault");
+        expect(judgedForm(*node) == wanted,
+               "the tree is the one that the rules tell, also after a fault");
         if (came != outcome::done) continue;
-        expect((end != nullptr) == wantedEnd.has_value(), "the reader tells whether the text ended first");
+        expect((end != nullptr) == wantedEnd.has_value(),
+               "the reader tells whether the text ended first");
         expect(end == nullptr || static_cast<std::size_t>(end - text.c_str()) == *wantedEnd,
                "the caller goes on where the element ended");
     }

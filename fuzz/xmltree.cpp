@@ -83,7 +83,8 @@ bytes asBytes(const std::string& text)
 // Names no entity, and no surrogate that may lose its other half at the border of two pieces.
 bool isPlain(const std::u16string& text)
 {
-    if (std::any_of(text.begin(), text.end(), [](char16_t unit) { return unit == 0 || (unit & 0xF800) == 0xD800; }))
+    if (std::any_of(text.begin(), text.end(),
+                    [](char16_t unit) { return unit == 0 || (unit & 0xF800) == 0xD800; }))
         return false;
     std::u16string decoded = text;
     return judged([&] { judgeDecodeEntities(decoded); }) && decoded == text;
@@ -96,13 +97,16 @@ void expectSurvival(const judgedNode& made, const judgedNode& again)
     expect(made.attributes.size() == again.attributes.size(), "all attributes survive");
     expect(made.children.size() == again.children.size(), "all children survive");
     for (std::size_t i = 0; i < made.attributes.size(); ++i) {
-        expect(made.attributes[i].first == again.attributes[i].first, "a proper attribute name survives");
-        expect(!isPlain(made.attributes[i].second) || made.attributes[i].second == again.attributes[i].second,
+        expect(made.attributes[i].first == again.attributes[i].first,
+               "a proper attribute name survives");
+        expect(!isPlain(made.attributes[i].second) ||
+                   made.attributes[i].second == again.attributes[i].second,
                "a value without entity forms survives");
     }
     expect(!made.children.empty() || !isPlain(made.text) || made.text == again.text,
            "a text without entity forms survives");
-    for (std::size_t i = 0; i < made.children.size(); ++i) expectSurvival(made.children[i], again.children[i]);
+    for (std::size_t i = 0; i < made.children.size(); ++i)
+        expectSurvival(made.children[i], again.children[i]);
 }
 
 bool holdsZero(const judgedNode& node)
@@ -118,10 +122,12 @@ void expectReading(const judgedNode& made, const std::string& document, bool pro
 {
     for (const bool keepWhitespace : {false, true}) {
         judgedNode wanted;
-        const auto told = judged([&] { judgeParseBuffer(wanted, asBytes(document), keepWhitespace); });
+        const auto told =
+            judged([&] { judgeParseBuffer(wanted, asBytes(document), keepWhitespace); });
         if (!told) return;
         const refptr<xmlDocument> again = xmlDocument::createDocument();
-        const outcome came = read([&] { again->parseBuffer(document.data(), document.size(), keepWhitespace); });
+        const outcome came =
+            read([&] { again->parseBuffer(document.data(), document.size(), keepWhitespace); });
         expect(came == *told, "what was written is taken or refused as the rules tell");
         const judgedNode form = judgedForm(*again);
         expect(form == wanted, "what was written is read as the rules tell");
@@ -147,15 +153,18 @@ void xmltree(bytes given)
     string out;
     document->writeNode(out, u"");
     expect(out == string(wanted), "a tree is written as the rules tell");
-    expect(document->estimateSize(given[0]) == judgeEstimate(made, given[0]), "the estimate is the one told");
+    expect(document->estimateSize(given[0]) == judgeEstimate(made, given[0]),
+           "the estimate is the one told");
 
     const std::string utf8 = written(*document, xmlEncoding::utf8);
     const std::u16string head = u"<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n";
     expect(utf8 == encoded(head + wanted), "the bytes are the mark and the pieces in UTF-8");
     expect(utf8 == written(*document, xmlEncoding::utf8), "writing twice gives the same bytes");
     const std::u16string wide = u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n" + wanted;
-    const std::string utf16(reinterpret_cast<const char*>(wide.c_str()), (wide.size() + 1) * sizeof(char16_t));
-    expect(utf16 == written(*document, xmlEncoding::utf16), "UTF-16 is the text as it stands, with its final zero");
+    const std::string utf16(reinterpret_cast<const char*>(wide.c_str()),
+                            (wide.size() + 1) * sizeof(char16_t));
+    expect(utf16 == written(*document, xmlEncoding::utf16),
+           "UTF-16 is the text as it stands, with its final zero");
     expectReading(made, utf8, proper);
 }
 

@@ -5,7 +5,8 @@
 
 namespace taven {
 
-bool takeFolder(orlo::directory& folder, const orlo::string& switchText, bool debug, const char16_t* missingReport)
+bool takeFolder(orlo::directory& folder, const orlo::string& switchText, bool debug,
+                const char16_t* missingReport)
 {
     folder = orlo::directory(orlo::normalizePath(switchText, false));
     if (folder.exists()) return true;

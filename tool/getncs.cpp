@@ -49,9 +49,12 @@ bool readPlatform(bool debug, const arguments& given, request& asked)
 {
     string tavenFolder;
     string zoffset = u"0";
-    readSwitches(given, {{u"-tavenfldr:", &tavenFolder}, {u"-platform:", &asked.platform}, {u"-zoffset:", &zoffset}});
+    readSwitches(given, {{u"-tavenfldr:", &tavenFolder},
+                         {u"-platform:", &asked.platform},
+                         {u"-zoffset:", &zoffset}});
 
-    if (!takeFolder(asked.taven, tavenFolder, debug, u"Taven folder \"%s\" not found")) return false;
+    if (!takeFolder(asked.taven, tavenFolder, debug, u"Taven folder \"%s\" not found"))
+        return false;
     if (orlo::typeconvert::convert(asked.zoffset, zoffset)) return true;
     orlo::reportMessage(u"Error parsing zoffset value \"%s\" ", zoffset);
     return false;
@@ -68,14 +71,15 @@ void addMessage(xmlDocument& document, const char16_t* type, locString& title, l
 void addNotMeasured(xmlDocument& document, const request& asked, locString& title)
 {
     const bool built = file(asked.taven, asked.platform + u".xml").exists();
-    locString message = built ? locString(u"measureNotFound",
-                                          u"Measured data for platform \"[platform]\" not found!\n"
-                                          u"Please measure platform before starting toolpath calculations!",
-                                          languageFile)
-                              : locString(u"infoNotFound",
-                                          u"Platform information for \"[platform]\" not found!\n"
-                                          u"Please use build process before starting toolpath calculations!",
-                                          languageFile);
+    locString message =
+        built ? locString(u"measureNotFound",
+                          u"Measured data for platform \"[platform]\" not found!\n"
+                          u"Please measure platform before starting toolpath calculations!",
+                          languageFile)
+              : locString(u"infoNotFound",
+                          u"Platform information for \"[platform]\" not found!\n"
+                          u"Please use build process before starting toolpath calculations!",
+                          languageFile);
     message.setParam(asked.platform, u"platform");
     addMessage(document, u"error", title, message);
 }
@@ -106,13 +110,14 @@ void addFrame(xmlDocument& document, const char16_t* name, const orloGeo::matrix
     node->setAttribute(u"z", coordinatesText(z));
 }
 
-void addMeasured(xmlDocument& document, const request& asked, const measuringData& data, const platformFrame& frame,
-                 locString& title)
+void addMeasured(xmlDocument& document, const request& asked, const measuringData& data,
+                 const platformFrame& frame, locString& title)
 {
     // The stray quotation mark is part of the text that callers and translators know.
-    locString message(u"brx_measureFound",
-                      u"Measured data for platform \"[platform]\" found!\"\nPlatform measured on [datetime]",
-                      languageFile);
+    locString message(
+        u"brx_measureFound",
+        u"Measured data for platform \"[platform]\" found!\"\nPlatform measured on [datetime]",
+        languageFile);
     message.setParam(asked.platform, u"platform");
     message.setParam(data.measuredAt, u"datetime");
     addMessage(document, u"confirm", title, message);
@@ -133,12 +138,14 @@ std::optional<measuringData> loadMeasuringData(const file& measuring, const stri
     return readMeasuringData(measuring, platform, *document);
 }
 
-std::optional<platformFrame> frameOf(const file& measuring, const measuringData& data, double zoffset)
+std::optional<platformFrame> frameOf(const file& measuring, const measuringData& data,
+                                     double zoffset)
 {
     try {
         return calculatePlatformFrame(data.cylinders, zoffset);
     } catch (...) {
-        orlo::reportMessage(u"File \"%s\" contains invalid measuring points - Error calculating new coordinate system",
+        orlo::reportMessage(u"File \"%s\" contains invalid measuring points - Error calculating "
+                            u"new coordinate system",
                             measuring.path());
         return std::nullopt;
     }

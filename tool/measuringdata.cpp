@@ -29,7 +29,8 @@ string attributeOf(const xmlNode& node, const char16_t* name)
 // Fields far out of range wrap instead of overflowing; what such a date says is nobody's matter.
 int lessWrapped(std::int32_t value, std::int32_t subtrahend)
 {
-    return static_cast<int>(static_cast<std::uint32_t>(value) - static_cast<std::uint32_t>(subtrahend));
+    return static_cast<int>(static_cast<std::uint32_t>(value) -
+                            static_cast<std::uint32_t>(subtrahend));
 }
 
 std::tm universalTime(const string& date, const string& time)
@@ -76,7 +77,8 @@ string localTimeText(const string& date, const string& time)
 template <std::size_t Count>
 std::size_t indexOf(const std::array<std::u16string_view, Count>& names, const string& name)
 {
-    return static_cast<std::size_t>(std::find(names.begin(), names.end(), std::u16string_view(name)) - names.begin());
+    return static_cast<std::size_t>(
+        std::find(names.begin(), names.end(), std::u16string_view(name)) - names.begin());
 }
 
 template <std::size_t Count>
@@ -98,15 +100,17 @@ public:
             if (!readPoint(*child, cylinders, seen)) return false;
         }
         if (allSeen(seen)) return true;
-        orlo::reportMessage(u"File \"%s\" doesn't contain all required four measuring points", m_path);
+        orlo::reportMessage(u"File \"%s\" doesn't contain all required four measuring points",
+                            m_path);
         return false;
     }
 
 private:
-    bool readPoint(const xmlNode& node, std::array<point3d, 4>& cylinders, std::array<bool, 4>& seen)
+    bool readPoint(const xmlNode& node, std::array<point3d, 4>& cylinders,
+                   std::array<bool, 4>& seen)
     {
-        static constexpr std::array<std::u16string_view, 4> names{u"cylinder1", u"cylinder2", u"cylinder3",
-                                                                  u"cylinder4"};
+        static constexpr std::array<std::u16string_view, 4> names{u"cylinder1", u"cylinder2",
+                                                                  u"cylinder3", u"cylinder4"};
         point3d point;
         std::array<bool, 3> axes{};
         for (const auto& child : node.children) {
@@ -115,9 +119,11 @@ private:
 
         const string name = attributeOf(node, u"Name");
         if (!allSeen(axes))
-            return refuse(u"File \"%s\" doesn't contains incomplete axis values for point \"%s\"", name);
+            return refuse(u"File \"%s\" doesn't contains incomplete axis values for point \"%s\"",
+                          name);
         const std::size_t index = indexOf(names, name);
-        if (index == names.size()) return refuse(u"File \"%s\" doesn't contains unknown pointdata \"%s\"", name);
+        if (index == names.size())
+            return refuse(u"File \"%s\" doesn't contains unknown pointdata \"%s\"", name);
         seen[index] = true;
         cylinders[index] = point;
         return true;
@@ -126,7 +132,8 @@ private:
     bool readAxis(const xmlNode& node, point3d& point, std::array<bool, 3>& axes)
     {
         static constexpr std::array<std::u16string_view, 3> names{u"x", u"y", u"z"};
-        static constexpr std::array<double point3d::*, 3> coordinates{&point3d::x, &point3d::y, &point3d::z};
+        static constexpr std::array<double point3d::*, 3> coordinates{&point3d::x, &point3d::y,
+                                                                      &point3d::z};
 
         const string name = attributeOf(node, u"Name");
         const std::size_t index = indexOf(names, name.lowerCopy());
@@ -156,11 +163,13 @@ std::optional<measuringData> readMeasuringData(const file& source, const string&
                                                const orlo::xmlDocument& document)
 {
     if (attributeOf(document, u"PlatformName") != platform) {
-        orlo::reportMessage(u"File \"%s\" doesn't contain data from platform \"%s\"", source.path(), platform);
+        orlo::reportMessage(u"File \"%s\" doesn't contain data from platform \"%s\"", source.path(),
+                            platform);
         return std::nullopt;
     }
     measuringData data;
-    data.measuredAt = localTimeText(attributeOf(document, u"CreationDate"), attributeOf(document, u"CreationTime"));
+    data.measuredAt = localTimeText(attributeOf(document, u"CreationDate"),
+                                    attributeOf(document, u"CreationTime"));
     if (!pointReader(source).readAll(document, data.cylinders)) return std::nullopt;
     return data;
 }

@@ -20,7 +20,8 @@ orlo::string measuringFileName(const orlo::string& platform);
 
 // Checks and reads a loaded measuring file. The first fault is reported in a message box and
 // refuses the file.
-std::optional<measuringData> readMeasuringData(const orlo::file& source, const orlo::string& platform,
+std::optional<measuringData> readMeasuringData(const orlo::file& source,
+                                               const orlo::string& platform,
                                                const orlo::xmlDocument& document);
 
 } // namespace taven

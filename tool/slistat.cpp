@@ -26,7 +26,8 @@ void wipePlatformFiles(const directory& taven, const string& platform)
 
 bool isImage(const file& candidate)
 {
-    static constexpr std::array<std::u16string_view, 6> extensions{u"png", u"gif", u"jpg", u"jpeg", u"bmp", u"tiff"};
+    static constexpr std::array<std::u16string_view, 6> extensions{u"png",  u"gif", u"jpg",
+                                                                   u"jpeg", u"bmp", u"tiff"};
     const string extension = orlo::pathExtension(candidate.path()).lowerCopy();
     return std::find(extensions.begin(), extensions.end(), extension) != extensions.end();
 }
@@ -45,7 +46,8 @@ file choosePicture(const directory& output)
     return picture;
 }
 
-void bringIn(const directory& output, const directory& taven, const file& description, const string& platform)
+void bringIn(const directory& output, const directory& taven, const file& description,
+             const string& platform)
 {
     const file picture = choosePicture(output);
     description.copyTo(file(taven, platform + u".xml"), true);
@@ -67,7 +69,9 @@ std::int32_t slistat(bool debug, int argumentCount, const char16_t* const* argum
     string outputFolder;
     string tavenFolder;
     string platform;
-    readSwitches(given, {{u"-slifldr:", &outputFolder}, {u"-tavenfldr:", &tavenFolder}, {u"-platform:", &platform}});
+    readSwitches(given, {{u"-slifldr:", &outputFolder},
+                         {u"-tavenfldr:", &tavenFolder},
+                         {u"-platform:", &platform}});
 
     directory taven;
     if (!takeFolder(taven, tavenFolder, debug, u"Taven folder \"%s\" not found")) return 0;
@@ -76,7 +80,8 @@ std::int32_t slistat(bool debug, int argumentCount, const char16_t* const* argum
     if (!endedWell) return 0;
 
     directory output;
-    if (!takeFolder(output, outputFolder, debug, u"Slicing output folder \"%s\" not found")) return 0;
+    if (!takeFolder(output, outputFolder, debug, u"Slicing output folder \"%s\" not found"))
+        return 0;
     const file description(output, platform + u".xml");
     if (!description.exists()) return 0;
     bringIn(output, taven, description, platform);

@@ -42,7 +42,8 @@ orloGeo::point3d middleOf(const orlo::xmlNode& parts)
 {
     orloGeo::point3d sum;
     for (const auto& part : parts.children)
-        sum = sum + orloGeo::point3d(coordinate(*part, u"x"), coordinate(*part, u"y"), coordinate(*part, u"z"));
+        sum = sum + orloGeo::point3d(coordinate(*part, u"x"), coordinate(*part, u"y"),
+                                     coordinate(*part, u"z"));
     return sum / static_cast<double>(parts.children.size());
 }
 
@@ -59,17 +60,21 @@ void readParts()
     orlo::string centre;
     check("a point has a text", convert(centre, middleOf(*parts)));
 
-    orlo::locString found(u"partsFound", u"[count] parts on [platform] around [centre]", u"parts.loc");
+    orlo::locString found(u"partsFound", u"[count] parts on [platform] around [centre]",
+                          u"parts.loc");
     found.setParam(platform, u"platform");
     found.setParam(orlo::genericValue::of<int>(static_cast<int>(parts->children.size())), u"count");
     found.setParam(centre, u"centre");
     check("the text is there in German", found.hasText());
     const orlo::string german(found.getText());
-    check("it is filled in", german == u"Plattform P7: 02 Teile f\u00fcr den Bau,\nihre Mitte liegt bei 12.25 21 30.5");
+    check("it is filled in",
+          german ==
+              u"Plattform P7: 02 Teile f\u00fcr den Bau,\nihre Mitte liegt bei 12.25 21 30.5");
 
     orlo::languageTable::instance().setLanguage(u"atlantean");
     const orlo::string fallback(found.getText());
-    check("a language without a file gets the default text", fallback == u"2 parts on P7 around 12.25 21 30.5");
+    check("a language without a file gets the default text",
+          fallback == u"2 parts on P7 around 12.25 21 30.5");
 }
 
 void convertNumbers()
@@ -80,7 +85,8 @@ void convertNumbers()
     check("a number is written with a point", convert(text, number) && text == u"0.125");
     text.clear();
     check("and in hexadecimal",
-          convert(text, 255, orlo::typeconvert::formatGiven, orlo::typeconvert::hexUpper) && text == u"FF");
+          convert(text, 255, orlo::typeconvert::formatGiven, orlo::typeconvert::hexUpper) &&
+              text == u"FF");
     short narrow = 0;
     check("what is too large becomes the limit", !convert(narrow, 70000) && narrow == 32767);
     bool truth = false;

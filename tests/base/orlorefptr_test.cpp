@@ -173,6 +173,7 @@ TEST(refptr, accessThroughAnEmptyOneFailsAnAssertion)
     ASSERT_EQ(here.boxes.size(), 2u);
     for (const machine::box& box : here.boxes) {
         EXPECT_EQ(box.title, u"Velmora");
-        EXPECT_EQ(box.text, u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
+        EXPECT_EQ(box.text,
+                  u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
     }
 }

@@ -22,7 +22,10 @@ class reportTest : public testing::Test {
 protected:
     reportTest() : here(machine::renew()) { here.process = ownProcess; }
 
-    string shown() const { return here.boxes.size() == 1 ? here.boxes[0].text : string(u"(not one box)"); }
+    string shown() const
+    {
+        return here.boxes.size() == 1 ? here.boxes[0].text : string(u"(not one box)");
+    }
 
     // Fails the assertion and gives what was thrown.
     static bool thrownByAssertion(const char16_t* condition, const char16_t* file, int line)
@@ -107,7 +110,9 @@ TEST_F(ownerWindowTest, isTheFirstPopupOfAWindowWithoutParent)
         {"a window with a parent", {{ownProcess, handle(5), handle(9)}}, none},
         {"a window without a popup", {{ownProcess, none, none}}, none},
         {"an own window", {{ownProcess, none, handle(9)}}, handle(9)},
-        {"the first of two", {{ownProcess, none, handle(8)}, {ownProcess, none, handle(9)}}, handle(8)},
+        {"the first of two",
+         {{ownProcess, none, handle(8)}, {ownProcess, none, handle(9)}},
+         handle(8)},
         {"the first that will do",
          {{otherProcess, none, handle(4)},
           {ownProcess, handle(5), handle(6)},
@@ -147,7 +152,9 @@ TEST_F(ownerWindowTest, isNoneIfTheEnumerationFails)
 TEST_F(assertionTest, reportsConditionFileAndLineAndThrowsAPlainFalse)
 {
     EXPECT_FALSE(thrownByAssertion(u"m_p != NULL", u"libs/utils/inc/orlorefptr", 315));
-    EXPECT_EQ(shown(), string(u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315"));
+    EXPECT_EQ(
+        shown(),
+        string(u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315"));
 }
 
 TEST_F(assertionTest, readsItsOwnTextAsAFormat)

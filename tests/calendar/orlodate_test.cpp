@@ -35,8 +35,8 @@ string readAs(const string& text)
 date dateOf(std::chrono::sys_days day)
 {
     const std::chrono::year_month_day parts(day);
-    return {static_cast<std::uint32_t>(static_cast<int>(parts.year())), static_cast<unsigned>(parts.month()),
-            static_cast<unsigned>(parts.day())};
+    return {static_cast<std::uint32_t>(static_cast<int>(parts.year())),
+            static_cast<unsigned>(parts.month()), static_cast<unsigned>(parts.day())};
 }
 
 constexpr std::chrono::sys_days firstDay = std::chrono::year(1900) / 1 / 1;
@@ -171,7 +171,8 @@ TEST(date, monthsHaveTheLengthsOfTheTable)
 
 TEST(date, monthsOutsideTheYearReadNoForeignMemory)
 {
-    for (const std::uint32_t month : {0u, 13u, 14u, 25u, 1u << 31, std::numeric_limits<std::uint32_t>::max()}) {
+    for (const std::uint32_t month :
+         {0u, 13u, 14u, 25u, 1u << 31, std::numeric_limits<std::uint32_t>::max()}) {
         EXPECT_LE(date::daysInMonth(month, 2023), 31u) << month;
         EXPECT_LE(date::daysInMonth(month, 2024), 31u) << month;
     }
@@ -182,11 +183,13 @@ TEST(date, agreesWithTheStandardCalendarForTwoCenturies)
     std::chrono::sys_days yearStart = firstDay;
     for (std::chrono::sys_days day = firstDay; day <= lastDay; day += std::chrono::days(1)) {
         const std::chrono::year_month_day parts(day);
-        if (parts.month() == std::chrono::January && parts.day() == std::chrono::day(1)) yearStart = day;
+        if (parts.month() == std::chrono::January && parts.day() == std::chrono::day(1))
+            yearStart = day;
         const date value = dateOf(day);
         ASSERT_EQ(value.getDay(), static_cast<unsigned>(parts.day()));
         ASSERT_EQ(value.dayOfYear(), static_cast<std::uint32_t>((day - yearStart).count() + 1));
-        ASSERT_EQ(value + days(1), dateOf(day + std::chrono::days(1))) << orlo::narrow(textOf(value));
+        ASSERT_EQ(value + days(1), dateOf(day + std::chrono::days(1)))
+            << orlo::narrow(textOf(value));
     }
 }
 
@@ -213,14 +216,16 @@ TEST(date, addsDaysAcrossMonthsAndYears)
         {{2024, 12, 1}, 31, u"2025/01/01"},   {{65534, 12, 31}, 365, u"65535/12/31"},
         {{65535, 12, 30}, 1, u"65535/12/31"},
     };
-    for (const span& row : rows) EXPECT_EQ(textOf(row.from + days(row.count)), row.expected) << row.count;
+    for (const span& row : rows)
+        EXPECT_EQ(textOf(row.from + days(row.count)), row.expected) << row.count;
 }
 
 TEST(date, addedBeyondTheLastYearIsItsFirstDay)
 {
     EXPECT_EQ(textOf(date(65535, 12, 31) + days(1)), u"65535/01/01");
     EXPECT_EQ(textOf(date(65534, 12, 31) + days(366)), u"65535/01/01");
-    EXPECT_EQ(textOf(date(2024, 2, 29) + days(std::numeric_limits<std::uint32_t>::max())), u"65535/01/01");
+    EXPECT_EQ(textOf(date(2024, 2, 29) + days(std::numeric_limits<std::uint32_t>::max())),
+              u"65535/01/01");
 }
 
 TEST(date, plusLeavesItsOperandAndAddToChangesIt)
@@ -237,21 +242,30 @@ TEST(date, plusLeavesItsOperandAndAddToChangesIt)
 TEST(date, subtractsByItsOwnSteps)
 {
     const span rows[] = {
-        {{2020, 3, 15}, 0, u"2020/03/15"},       {{2020, 3, 15}, 14, u"2020/03/01"},
-        {{2020, 3, 15}, 15, u"2020/02/29"},      {{2020, 3, 15}, 43, u"2020/02/01"},
+        {{2020, 3, 15}, 0, u"2020/03/15"},
+        {{2020, 3, 15}, 14, u"2020/03/01"},
+        {{2020, 3, 15}, 15, u"2020/02/29"},
+        {{2020, 3, 15}, 43, u"2020/02/01"},
         {{2020, 3, 15}, 44, u"2020/02/00"}, // no calendar date: a whole February is left to go
-        {{2020, 3, 15}, 45, u"2020/01/30"},      {{2020, 3, 15}, 74, u"2020/01/01"},
-        {{2020, 3, 15}, 75, u"2020/01/00"},      {{2020, 3, 15}, 76, u"2019/12/30"},
-        {{2020, 3, 15}, 89, u"2019/12/17"},      {{2020, 3, 15}, 90, u"2019/11/30"}, // from here on the 15 counts twice
-        {{2020, 3, 15}, 100, u"2019/11/20"},     {{2020, 3, 15}, 480, u"2018/11/05"},
-        {{0, 3, 1}, 60, u"0000/01/01"},          {{0, 3, 1}, 61, u"0000/01/00"},
-        {{0, 3, 1}, 62, u"0000/01/01"},          {{1, 1, 1}, 1000, u"0000/01/01"},
+        {{2020, 3, 15}, 45, u"2020/01/30"},
+        {{2020, 3, 15}, 74, u"2020/01/01"},
+        {{2020, 3, 15}, 75, u"2020/01/00"},
+        {{2020, 3, 15}, 76, u"2019/12/30"},
+        {{2020, 3, 15}, 89, u"2019/12/17"},
+        {{2020, 3, 15}, 90, u"2019/11/30"}, // from here on the 15 counts twice
+        {{2020, 3, 15}, 100, u"2019/11/20"},
+        {{2020, 3, 15}, 480, u"2018/11/05"},
+        {{0, 3, 1}, 60, u"0000/01/01"},
+        {{0, 3, 1}, 61, u"0000/01/00"},
+        {{0, 3, 1}, 62, u"0000/01/01"},
+        {{1, 1, 1}, 1000, u"0000/01/01"},
         {{1, 1, 1}, 4294967295u, u"0000/01/01"},
     };
     for (const span& row : rows) {
         date value = row.from;
         days(row.count).subtractFrom(value);
-        EXPECT_EQ(textOf(value), row.expected) << orlo::narrow(textOf(row.from)) << " less " << row.count;
+        EXPECT_EQ(textOf(value), row.expected)
+            << orlo::narrow(textOf(row.from)) << " less " << row.count;
     }
 }
 
@@ -271,7 +285,8 @@ TEST(date, januaryLessItsDayLeavesMonthZero)
 std::chrono::sys_days meaningOf(const date& value)
 {
     const auto year = static_cast<int>(value.getYear());
-    return std::chrono::sys_days(std::chrono::year(year) / std::chrono::month(value.getMonth()) / 1) +
+    return std::chrono::sys_days(std::chrono::year(year) / std::chrono::month(value.getMonth()) /
+                                 1) +
            std::chrono::days(value.getDay()) - std::chrono::days(1);
 }
 
@@ -279,7 +294,8 @@ TEST(date, subtractsWithinTheYearAsTheStandardCalendarDoes)
 {
     for (const int year : {2023, 2024}) {
         const std::chrono::sys_days start = std::chrono::year(year) / 1 / 1;
-        for (std::uint32_t passed = 0; passed < date::daysInYear(static_cast<std::uint32_t>(year)); ++passed) {
+        for (std::uint32_t passed = 0; passed < date::daysInYear(static_cast<std::uint32_t>(year));
+             ++passed) {
             const date from = dateOf(start + std::chrono::days(passed));
             for (std::uint32_t count = 0; count <= passed; ++count) {
                 date value = from;
@@ -331,14 +347,16 @@ TEST(date, readsItsForms)
         {u"-1/5/5", u"65535/01/01"}, // numbers without sign take a minus and wrap
         {u"2024/12/31", u"2024/12/31"},
     };
-    for (const reading& row : rows) EXPECT_EQ(readAs(row.text), row.expected) << orlo::narrow(row.text);
+    for (const reading& row : rows)
+        EXPECT_EQ(readAs(row.text), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(date, refusesWhatIsNoDateInEitherForm)
 {
-    for (const char16_t* text : {u"", u"''", u"2024/02", u"2024-02", u"2024/02/29/1", u"2024-02-29-1", u"2024/02-29",
-                                 u"2024/13/01", u"2024/00/10", u"2024-13-01", u"2024/01/00", u"2024/01/32", u"2024//01",
-                                 u"x/1/1", u"2024/x/1", u"2024/1/x", u"2024/-1/1", u"yesterday", u"20240229"}) {
+    for (const char16_t* text :
+         {u"", u"''", u"2024/02", u"2024-02", u"2024/02/29/1", u"2024-02-29-1", u"2024/02-29",
+          u"2024/13/01", u"2024/00/10", u"2024-13-01", u"2024/01/00", u"2024/01/32", u"2024//01",
+          u"x/1/1", u"2024/x/1", u"2024/1/x", u"2024/-1/1", u"yesterday", u"20240229"}) {
         EXPECT_EQ(readAs(text), u"refused") << orlo::narrow(text);
     }
 }

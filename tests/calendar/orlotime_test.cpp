@@ -72,8 +72,9 @@ TEST(time, twentyFourIsTheEndOfADayOnlyBareOfAllElse)
 TEST(time, carriesLargePartsIntoHours)
 {
     const construction rows[] = {
-        {{0, 90, 0, 0}, u"01:30:00:00"},   {{0, 0, 3725, 0}, u"01:02:05:00"}, {{0, 0, 0, 3723004}, u"01:02:03:04"},
-        {{23, 60, 0, 0}, u"00:00:00:00"},  {{0, 1440, 0, 0}, u"00:00:00:00"}, {{22, 60, 3600, 3600000}, u"01:00:00:00"},
+        {{0, 90, 0, 0}, u"01:30:00:00"},      {{0, 0, 3725, 0}, u"01:02:05:00"},
+        {{0, 0, 0, 3723004}, u"01:02:03:04"}, {{23, 60, 0, 0}, u"00:00:00:00"},
+        {{0, 1440, 0, 0}, u"00:00:00:00"},    {{22, 60, 3600, 3600000}, u"01:00:00:00"},
         {{1, 2, 3, 999}, u"01:02:03:231"}, // 999 - 3 * 256
     };
     for (const construction& row : rows) EXPECT_EQ(textOf(row.made), row.expected);
@@ -115,7 +116,8 @@ TEST(time, readsItsForms)
         {u"24:00", u"00:00:00:00"},  {u"24:59:59", u"00:59:59:00"}, {u" 7: 30", u"07:30:00:00"},
         {u"7h:30m", u"07:30:00:00"},
     };
-    for (const reading& row : rows) EXPECT_EQ(readAs(row.text), row.expected) << orlo::narrow(row.text);
+    for (const reading& row : rows)
+        EXPECT_EQ(readAs(row.text), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(time, readsAFourthPartAsSeconds)
@@ -126,14 +128,15 @@ TEST(time, readsAFourthPartAsSeconds)
         {u"12:30:15:999", u"12:46:39:00"},
         {u"12:30:15:7:x", u"12:30:07:00"}, // further parts do not count
     };
-    for (const reading& row : rows) EXPECT_EQ(readAs(row.text), row.expected) << orlo::narrow(row.text);
+    for (const reading& row : rows)
+        EXPECT_EQ(readAs(row.text), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(time, refusesWhatIsNoTime)
 {
-    for (const char16_t* text :
-         {u"", u":", u"x", u"25", u"-1", u"12:60", u"12:x", u"12:", u"12:30:60", u"12:30:x", u"12:30:", u"12:30:60:1",
-          u"12:30:x:1", u"12:30:15:1000", u"12:30:15:x", u"12:30:15:", u":30", u"noon"}) {
+    for (const char16_t* text : {u"", u":", u"x", u"25", u"-1", u"12:60", u"12:x", u"12:",
+                                 u"12:30:60", u"12:30:x", u"12:30:", u"12:30:60:1", u"12:30:x:1",
+                                 u"12:30:15:1000", u"12:30:15:x", u"12:30:15:", u":30", u"noon"}) {
         EXPECT_EQ(readAs(text), u"refused") << orlo::narrow(text);
     }
 }

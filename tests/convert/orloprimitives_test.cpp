@@ -31,12 +31,15 @@ constexpr double greatestDouble = 1.7976931348623157e+308;
 template <class To, class From>
 void expectConversion(From from, bool fits, To expected)
 {
-    SCOPED_TRACE(testing::Message() << from << " from " << typeid(From).name() << " to " << typeid(To).name());
+    SCOPED_TRACE(testing::Message()
+                 << from << " from " << typeid(From).name() << " to " << typeid(To).name());
     To direct = static_cast<To>(7);
     EXPECT_EQ(convert(direct, from), fits);
     EXPECT_EQ(direct, expected);
     To registered = static_cast<To>(7);
-    EXPECT_EQ(typeConverterRegistry::instance().convert(typeid(To), &registered, typeid(From), &from, 0, {}), fits);
+    EXPECT_EQ(typeConverterRegistry::instance().convert(typeid(To), &registered, typeid(From),
+                                                        &from, 0, {}),
+              fits);
     EXPECT_EQ(registered, expected);
 }
 
@@ -110,8 +113,8 @@ TEST(integerToInteger, takesALongAs32Bits)
 // Values on both sides of every limit, in exact arithmetic.
 long double randomWhole(std::mt19937_64& random)
 {
-    static constexpr long double limits[] = {0,          32767,          -32768,     65535,
-                                             2147483647, -2147483648.0L, 4294967295, 18446744073709551615.0L};
+    static constexpr long double limits[] = {
+        0, 32767, -32768, 65535, 2147483647, -2147483648.0L, 4294967295, 18446744073709551615.0L};
     return limits[random() % std::size(limits)] + static_cast<long double>(random() % 5) - 2;
 }
 
@@ -125,7 +128,8 @@ void compareWithClamping(From from)
     const long double least = std::is_signed_v<To> ? -most - 1 : 0;
     const auto value = static_cast<long double>(from);
     const long double clamped = std::min(std::max(value, least), most);
-    if constexpr (!std::is_same_v<To, From>) expectConversion<To>(from, value == clamped, static_cast<To>(clamped));
+    if constexpr (!std::is_same_v<To, From>)
+        expectConversion<To>(from, value == clamped, static_cast<To>(clamped));
 }
 
 template <class From>
@@ -149,7 +153,8 @@ void compareFrom(std::mt19937_64& random)
 
 TEST(integerToInteger, clampsRandomValuesAroundTheLimits)
 {
-    static_assert(std::numeric_limits<long double>::digits >= 64, "the model needs every 64-bit number");
+    static_assert(std::numeric_limits<long double>::digits >= 64,
+                  "the model needs every 64-bit number");
     constexpr unsigned seed = 20240310;
     SCOPED_TRACE(testing::Message() << "seed " << seed);
     std::mt19937_64 random(seed);
@@ -298,7 +303,8 @@ TEST(floatToInteger, hasThePowerOfTwoBehindTheLargestValueAsItsLimit)
         {-32768.0f, true, -32768},
         {-32769.0f, false, -32768},
     });
-    expectRows<unsigned short, float>({{65535.0f, true, 65535}, {65536.0f, false, 65535}, {-0.5f, false, 0}});
+    expectRows<unsigned short, float>(
+        {{65535.0f, true, 65535}, {65536.0f, false, 65535}, {-0.5f, false, 0}});
     expectRows<int, float>({
         {2147483520.0f, true, 2147483520},
         {2147483648.0f, true, -2147483647 - 1},
@@ -316,7 +322,8 @@ TEST(floatToInteger, hasThePowerOfTwoBehindTheLargestValueAsItsLimit)
         {4294967808.0f, false, 4294967295u},
         {-1.0f, false, 0u},
     });
-    expectRows<unsigned long, float>({{4294967296.0f, true, 0ul}, {4294967808.0f, false, 4294967295ul}});
+    expectRows<unsigned long, float>(
+        {{4294967296.0f, true, 0ul}, {4294967808.0f, false, 4294967295ul}});
     expectRows<largest, float>({
         {18446742974197923840.0f, true, largest{18446742974197923840u}},
         {18446744073709551616.0f, true, largest{0x8000'0000'0000'0000}},
@@ -356,7 +363,10 @@ TEST(doubleToInteger, equalsPlainTruncationForRandomValues)
         const auto whole = static_cast<std::int64_t>(std::trunc(value));
         expectConversion<int>(value, true, static_cast<int>(whole));
         const bool fits = value >= -32768 && value <= 32767;
-        expectConversion<short>(value, fits, static_cast<short>(fits ? whole : value < 0 ? -32768 : 32767));
+        expectConversion<short>(value, fits,
+                                static_cast<short>(fits        ? whole
+                                                   : value < 0 ? -32768
+                                                               : 32767));
         const bool natural = value >= 0;
         expectConversion<largest>(value, natural, natural ? static_cast<largest>(whole) : 0);
     }
@@ -511,12 +521,13 @@ TEST(textToBool, readsANumberElseOneOfTheTwoWords)
         bool reads;
         bool value;
     } rows[] = {
-        {u"True", true, true},    {u"TRUE", true, true},    {u"true", true, true},    {u"tRuE", true, true},
-        {u"false", true, false},  {u"FALSE", true, false},  {u"0", true, false},      {u"1", true, true},
-        {u"2", true, true},       {u"-7", true, true},      {u"0.5", true, false},    {u"0x1", true, false},
-        {u" 1", true, true},      {u"3 true", true, true},  {u"yes", false, false},   {u"on", false, false},
-        {u" true", false, false}, {u"true ", false, false}, {u"truex", false, false}, {u"", false, false},
-        {u"t", false, false},
+        {u"True", true, true},    {u"TRUE", true, true},    {u"true", true, true},
+        {u"tRuE", true, true},    {u"false", true, false},  {u"FALSE", true, false},
+        {u"0", true, false},      {u"1", true, true},       {u"2", true, true},
+        {u"-7", true, true},      {u"0.5", true, false},    {u"0x1", true, false},
+        {u" 1", true, true},      {u"3 true", true, true},  {u"yes", false, false},
+        {u"on", false, false},    {u" true", false, false}, {u"true ", false, false},
+        {u"truex", false, false}, {u"", false, false},      {u"t", false, false},
     };
     for (const auto& row : rows) {
         for (const bool before : {false, true}) {
@@ -534,19 +545,32 @@ TEST(textToDouble, takesPointAndCommaWhereverTheyStand)
         bool reads;
         double value;
     } rows[] = {
-        {u"1,5", true, 1.5},       {u"1.5", true, 1.5},
-        {u"1,234.5", true, 1.234}, {u"1.234,5", true, 1.234},
-        {u"007", true, 7},         {u"0", true, 0},
-        {u"12", true, 12},         {u"1,", true, 1},
-        {u"1.", true, 1},          {u",5", true, 0.5},
-        {u".5", true, 0.5},        {u"-1,25e2", true, -125},
-        {u"+3", true, 3},          {u" \t 2,5", true, 2.5},
-        {u"2,5 mm", true, 2.5},    {u"1e3", true, 1000},
-        {u"1E-2", true, 0.01},     {u"12abc", true, 12},
-        {u"0,1", true, 0.1},       {u"123456789012345678901234567890", true, 123456789012345678901234567890.0},
-        {u"", false, 0},           {u"abc", false, 0},
-        {u",", false, 0},          {u"-", false, 0},
-        {u" ", false, 0},          {u"..5", false, 0},
+        {u"1,5", true, 1.5},
+        {u"1.5", true, 1.5},
+        {u"1,234.5", true, 1.234},
+        {u"1.234,5", true, 1.234},
+        {u"007", true, 7},
+        {u"0", true, 0},
+        {u"12", true, 12},
+        {u"1,", true, 1},
+        {u"1.", true, 1},
+        {u",5", true, 0.5},
+        {u".5", true, 0.5},
+        {u"-1,25e2", true, -125},
+        {u"+3", true, 3},
+        {u" \t 2,5", true, 2.5},
+        {u"2,5 mm", true, 2.5},
+        {u"1e3", true, 1000},
+        {u"1E-2", true, 0.01},
+        {u"12abc", true, 12},
+        {u"0,1", true, 0.1},
+        {u"123456789012345678901234567890", true, 123456789012345678901234567890.0},
+        {u"", false, 0},
+        {u"abc", false, 0},
+        {u",", false, 0},
+        {u"-", false, 0},
+        {u" ", false, 0},
+        {u"..5", false, 0},
         {u",.5", false, 0},
     };
     for (const auto& row : rows) {
@@ -574,7 +598,8 @@ TEST(textToDouble, asksForNoLocale)
     expectReading<double>(u"1,5", true, 1.5);
     expectReading<double>(u"1.5", true, 1.5);
     expectReading<double>(u"1;5", true, 1);
-    EXPECT_EQ(here.countCalls("userDecimalSeparator") + here.countCalls("systemDecimalSeparator"), 0u);
+    EXPECT_EQ(here.countCalls("userDecimalSeparator") + here.countCalls("systemDecimalSeparator"),
+              0u);
     machine::renew();
 }
 
@@ -643,11 +668,18 @@ TEST(doubleToText, keepsAllDecimalsOfAGivenPrecision)
         int precision;
         const char16_t* text;
     } rows[] = {
-        {1.5, 3, u"1.500"}, {1.0, 20, u"1.0000000000"}, {1.0, 10, u"1.0000000000"}, {1.0, 9, u"1.000000000"},
-        {2.0, 0, u"2"},     {2.75, 1, u"2.8"},          {100, 0, u"100"},           {1.5, -3, u"1.500000"},
+        {1.5, 3, u"1.500"},
+        {1.0, 20, u"1.0000000000"},
+        {1.0, 10, u"1.0000000000"},
+        {1.0, 9, u"1.000000000"},
+        {2.0, 0, u"2"},
+        {2.75, 1, u"2.8"},
+        {100, 0, u"100"},
+        {1.5, -3, u"1.500000"},
         {0, 2, u"0.00"},
     };
-    for (const auto& row : rows) EXPECT_EQ(textOf(row.value, widthGiven, row.precision), row.text) << row.precision;
+    for (const auto& row : rows)
+        EXPECT_EQ(textOf(row.value, widthGiven, row.precision), row.text) << row.precision;
 }
 
 TEST(doubleToText, takesThePrecisionAsItsFirstArgumentWhateverTheFormatBit)
@@ -765,7 +797,8 @@ TEST(integerToText, fillsUpWithZerosInFrontOfTheSign)
         {5, 4, u"0005"},  {0, 3, u"000"}, {12345, 3, u"12345"},
         {5, 0, u"5"},     {5, -4, u"5"},  {5, 30, u"000000000000000000000000000005"},
     };
-    for (const auto& row : rows) EXPECT_EQ(textOf(row.value, widthGiven, row.width), row.text) << row.width;
+    for (const auto& row : rows)
+        EXPECT_EQ(textOf(row.value, widthGiven, row.width), row.text) << row.width;
     EXPECT_EQ(textOf<short>(-5, widthGiven, 4), u"00-5");
     EXPECT_EQ(textOf<largest>(5, widthGiven, 4), u"0005");
     EXPECT_EQ(textOf(5, widthGiven), u"5") << "no width passed";
@@ -785,7 +818,8 @@ TEST(integerToText, putsHexadecimalDigitsInFrontOfTheTarget)
     EXPECT_EQ(textOf<unsigned short>(255, formatGiven, hexLower), u"ffold");
     EXPECT_EQ(textOf<unsigned short>(255, formatGiven, hexUpper), u"FFold");
     EXPECT_EQ(textOf<unsigned short>(0, formatGiven, hexLower), u"0old");
-    EXPECT_EQ(textOf(255, formatGiven | widthGiven, hexUpper, 8), u"FFold") << "the width is not applied";
+    EXPECT_EQ(textOf(255, formatGiven | widthGiven, hexUpper, 8), u"FFold")
+        << "the width is not applied";
     string text;
     EXPECT_TRUE(convert(text, 0x1234ABCDu, formatGiven, hexLower));
     EXPECT_EQ(text, u"1234abcd");
@@ -802,7 +836,8 @@ TEST(integerToText, extendsHexadecimalValuesTo64Bits)
     EXPECT_EQ(textOf<unsigned>(4294967295u, formatGiven, hexUpper), u"FFFFFFFFold");
     EXPECT_EQ(textOf<unsigned long>(4294967295ul, formatGiven, hexUpper), u"FFFFFFFFold");
     EXPECT_EQ(textOf<int>(-2147483647 - 1, formatGiven, hexLower), u"ffffffff80000000old");
-    EXPECT_EQ(textOf<largest>(largest{0x123456789ABCDEF0}, formatGiven, hexLower), u"123456789abcdef0old");
+    EXPECT_EQ(textOf<largest>(largest{0x123456789ABCDEF0}, formatGiven, hexLower),
+              u"123456789abcdef0old");
 }
 
 TEST(boolToText, isOneOrZeroWhateverTheFlags)

@@ -56,7 +56,8 @@ bool textToPlum(plum& to, const string& from, unsigned, const argumentList&)
 
 // The registry through which `convert` goes for pairs that are not built in.
 template <class To, class From>
-bool throughRegistry(To& to, const From& from, unsigned flags = 0, const argumentList& arguments = {})
+bool throughRegistry(To& to, const From& from, unsigned flags = 0,
+                     const argumentList& arguments = {})
 {
     return registry().convert(typeid(To), &to, typeid(From), &from, flags, arguments);
 }
@@ -70,7 +71,8 @@ TEST(registry, isOneAndLivesOn)
 
 TEST(registry, holdsEveryConverterOfTheLibrary)
 {
-    const std::size_t primitive = 112, file = 2, directory = 2, searchPath = 2, geometry = 6, calendar = 6;
+    const std::size_t primitive = 112, file = 2, directory = 2, searchPath = 2, geometry = 6,
+                      calendar = 6;
     EXPECT_EQ(registry().size(), primitive + file + directory + searchPath + geometry + calendar);
 }
 
@@ -84,11 +86,13 @@ void expectOne()
             one = u"1";
         else
             one = 1;
-        EXPECT_TRUE(throughRegistry(target, one)) << typeid(From).name() << " to " << typeid(To).name();
+        EXPECT_TRUE(throughRegistry(target, one))
+            << typeid(From).name() << " to " << typeid(To).name();
         if constexpr (std::is_same_v<To, string>)
             EXPECT_EQ(target, u"1") << typeid(From).name();
         else
-            EXPECT_EQ(target, static_cast<To>(1)) << typeid(From).name() << " to " << typeid(To).name();
+            EXPECT_EQ(target, static_cast<To>(1))
+                << typeid(From).name() << " to " << typeid(To).name();
     }
 }
 
@@ -104,8 +108,8 @@ struct typeList {
     static constexpr int pairsFrom = (isPrimitivePair<Types, From> + ...);
     static constexpr int pairs = (pairsFrom<Types> + ...);
 };
-using primitives = typeList<bool, short, unsigned short, int, unsigned, long, unsigned long, unsigned long long, float,
-                            double, string>;
+using primitives = typeList<bool, short, unsigned short, int, unsigned, long, unsigned long,
+                            unsigned long long, float, double, string>;
 
 TEST(registry, convertsEachBuiltInPair)
 {
@@ -214,11 +218,12 @@ TEST(throughText, leavesTheTargetIfTheFirstLegFails)
     const typeConverter<apple, string> write{appleToText};
     static bool asked = false;
     asked = false;
-    const typeConverter<string, plum> read{[](plum& to, const string&, unsigned, const argumentList&) {
-        asked = true;
-        to.weight = 99;
-        return false;
-    }};
+    const typeConverter<string, plum> read{
+        [](plum& to, const string&, unsigned, const argumentList&) {
+            asked = true;
+            to.weight = 99;
+            return false;
+        }};
     const typeConverterBase* both[] = {&write, &read};
     const converterGroup group(both);
     plum target{7};
@@ -234,8 +239,8 @@ TEST(throughText, handsFlagsAndArgumentsToBothLegs)
     static std::vector<int> seen;
     seen.clear();
     static constexpr auto note = [](unsigned flags, const argumentList& arguments) {
-        seen.insert(seen.end(),
-                    {static_cast<int>(flags), arguments.at(0, -1), arguments.at(1, -1), arguments.at(2, -1)});
+        seen.insert(seen.end(), {static_cast<int>(flags), arguments.at(0, -1), arguments.at(1, -1),
+                                 arguments.at(2, -1)});
         return true;
     };
     const typeConverter<apple, string> write{
@@ -244,7 +249,9 @@ TEST(throughText, handsFlagsAndArgumentsToBothLegs)
             return note(flags, arguments);
         }};
     const typeConverter<string, plum> read{
-        [](plum&, const string&, unsigned flags, const argumentList& arguments) { return note(flags, arguments); }};
+        [](plum&, const string&, unsigned flags, const argumentList& arguments) {
+            return note(flags, arguments);
+        }};
     const typeConverterBase* both[] = {&write, &read};
     const converterGroup group(both);
     plum target;
@@ -303,10 +310,11 @@ TEST(argumentList, givesTheFallbackForWhatWasNotPassed)
 TEST(registry, takesAndReleasesExactlyTheGivenConverter)
 {
     const typeConverter<apple, pear> one{appleToPear};
-    const typeConverter<apple, pear> other{[](pear& to, const apple&, unsigned, const argumentList&) {
-        to.weight = 1000;
-        return true;
-    }};
+    const typeConverter<apple, pear> other{
+        [](pear& to, const apple&, unsigned, const argumentList&) {
+            to.weight = 1000;
+            return true;
+        }};
     const std::size_t before = registry().size();
     pear to;
 
@@ -438,10 +446,11 @@ std::ptrdiff_t locksHeld()
 TEST(registryLock, isHeldWhileAConverterRunsAndReleasedAfterwards)
 {
     static std::ptrdiff_t heldInside;
-    const typeConverter<apple, pear> converter{[](pear&, const apple&, unsigned, const argumentList&) {
-        heldInside = locksHeld();
-        return true;
-    }};
+    const typeConverter<apple, pear> converter{
+        [](pear&, const apple&, unsigned, const argumentList&) {
+            heldInside = locksHeld();
+            return true;
+        }};
     const typeConverterBase* all[] = {&converter};
     const converterGroup group(all);
     machine::renew();
@@ -467,9 +476,10 @@ TEST(registryLock, isReleasedWhenAConverterThrows)
 TEST(registryLock, letsAConverterConvertInItsTurn)
 {
     const typeConverter<apple, pear> inner{appleToPear};
-    const typeConverter<plum, pear> outer{[](pear& to, const plum& from, unsigned, const argumentList&) {
-        return convert(to, apple{from.weight}) && ++to.weight > 0;
-    }};
+    const typeConverter<plum, pear> outer{
+        [](pear& to, const plum& from, unsigned, const argumentList&) {
+            return convert(to, apple{from.weight}) && ++to.weight > 0;
+        }};
     const typeConverterBase* all[] = {&inner, &outer};
     const converterGroup group(all);
     pear to;
@@ -494,12 +504,13 @@ TEST(registryLock, keepsThreadsApart)
     static bool together;
     inside = 0;
     together = false;
-    const typeConverter<apple, pear> converter{[](pear&, const apple&, unsigned, const argumentList&) {
-        // Unguarded on purpose: the lock of the registry is the guard.
-        if (++inside != 1) together = true;
-        --inside;
-        return true;
-    }};
+    const typeConverter<apple, pear> converter{
+        [](pear&, const apple&, unsigned, const argumentList&) {
+            // Unguarded on purpose: the lock of the registry is the guard.
+            if (++inside != 1) together = true;
+            --inside;
+            return true;
+        }};
     const typeConverterBase* all[] = {&converter};
     const converterGroup group(all);
     std::vector<std::thread> threads;

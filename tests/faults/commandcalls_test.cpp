@@ -51,7 +51,8 @@ struct madeCall {
     std::size_t nth = 0; // of this operation and subject, from 1
 };
 
-std::vector<madeCall> callsOf(const std::function<void()>& prepare, const std::function<std::int32_t()>& run)
+std::vector<madeCall> callsOf(const std::function<void()>& prepare,
+                              const std::function<std::int32_t()>& run)
 {
     prepare();
     machine::current().calls.clear();
@@ -59,7 +60,8 @@ std::vector<madeCall> callsOf(const std::function<void()>& prepare, const std::f
     std::vector<madeCall> made;
     for (const auto& call : machine::current().calls) {
         const auto same = std::count_if(made.begin(), made.end(), [&call](const madeCall& other) {
-            return other.operation == call.operation && other.subject == narrow(string(call.subject));
+            return other.operation == call.operation &&
+                   other.subject == narrow(string(call.subject));
         });
         made.push_back({call.operation, narrow(call.subject), static_cast<std::size_t>(same) + 1});
     }
@@ -83,8 +85,10 @@ void failEach(const std::function<void()>& prepare, const std::function<std::int
             prepare();
             machine::current().shortTransfers = shortened;
             machine::current().failCall("", nth);
-            EXPECT_EQ(tracesOf(run), wanted) << nth << ": " << call.operation << " " << call.subject;
-            EXPECT_EQ(machine::current().openHandles(), 0u) << nth << ": " << call.operation << " " << call.subject;
+            EXPECT_EQ(tracesOf(run), wanted)
+                << nth << ": " << call.operation << " " << call.subject;
+            EXPECT_EQ(machine::current().openHandles(), 0u)
+                << nth << ": " << call.operation << " " << call.subject;
         }
     }
 }
@@ -166,7 +170,8 @@ traces afterSlicing(const madeCall& call, const std::vector<string>& boxes)
 TEST(slistatCalls, eachFailureHasTheOutcomeThatItsStepTells)
 {
     failEach(
-        slicing::prepare, [] { return slicing::run(); }, [](const madeCall& call) { return afterSlicing(call, {}); });
+        slicing::prepare, [] { return slicing::run(); },
+        [](const madeCall& call) { return afterSlicing(call, {}); });
 }
 
 TEST(slistatCalls, reportsUnderTheDebugSwitchWhateverFails)
@@ -195,7 +200,8 @@ const answers defaultAnswers{"taven-kolve Morrel", asking::defaultAnswer,
                              asking::answer("taven-kolve Morrel", asking::defaultMessage(""))};
 std::string refusal(const std::string& title, const std::string& what)
 {
-    return "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message type=\"error\" "
+    return "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message "
+           "type=\"error\" "
            "title=\"" +
            title + "\">" + what + "</message>\n</getNCSResult>\n";
 }
@@ -221,7 +227,8 @@ std::optional<traces> whereSavingFails(const madeCall& call, const std::string& 
     machine& here = machine::current();
     const bool saves = call.operation == "openFile" && call.subject == narrow(asking::resultPath);
     if (saves || call.operation == "encodeUtf8" || call.operation == "createFile") {
-        const outcome left = call.operation == "encodeUtf8" ? outcome::plainFalse : outcome::libraryFailure;
+        const outcome left =
+            call.operation == "encodeUtf8" ? outcome::plainFalse : outcome::libraryFailure;
         drop(asking::resultPath);
         return tracesNow(-1, {}, left);
     }
@@ -246,7 +253,8 @@ traces afterAsking(const madeCall& call, const answers& given)
     // Asked for existence, then for its size by the load.
     if (asksFor(call, asking::measuringPath))
         return call.nth > 1 ? tracesNow(0, {unusable}) : answered(refusal(given.title, unmeasured));
-    const bool loads = call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
+    const bool loads =
+        call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
     if (loads || isOneOf(call.operation, {"readFile", "decode"})) return tracesNow(0, {unusable});
     if (const auto unsaved = whereSavingFails(call, given.whole)) return *unsaved;
     const bool timeIsLost = isOneOf(call.operation, {"secondsOf", "localTime", "formatTime"});
@@ -272,7 +280,8 @@ TEST(getncsCalls, anUnmeasuredPlatformIsToldWhateverFails)
         prepare, [] { return asking::run(); },
         [](const madeCall& call) {
             if (asksFor(call, u"C:\\out\\") || asksFor(call, tavenFolder)) return tracesNow(0);
-            const std::string answer = refusal("taven-kolve Morrel", asksFor(call, description) ? unknown : unmeasured);
+            const std::string answer =
+                refusal("taven-kolve Morrel", asksFor(call, description) ? unknown : unmeasured);
             const auto unsaved = whereSavingFails(call, answer);
             return unsaved ? *unsaved : answered(answer);
         });
@@ -283,7 +292,8 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
 {
     const auto addTexts = [] {
         asking::prepare();
-        addLanguageFile(asking::languagePath, u"brx_msgTitle A title\nbrx_measureFound Found [platform], [datetime]\n");
+        addLanguageFile(asking::languagePath,
+                        u"brx_msgTitle A title\nbrx_measureFound Found [platform], [datetime]\n");
     };
     const auto prepare = [&] {
         addTexts();
@@ -292,20 +302,24 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
     };
     const answers given{"A title", asking::answer("A title", "Found P1, Tue Mar  5 12:30:15 2024"),
                         asking::answer("A title", "Found P1, ")};
-    const std::string withDefaultTitle = asking::answer("taven-kolve Morrel", "Found P1, Tue Mar  5 12:30:15 2024");
+    const std::string withDefaultTitle =
+        asking::answer("taven-kolve Morrel", "Found P1, Tue Mar  5 12:30:15 2024");
     const std::string withDefaultMessage =
         asking::answer("A title", asking::defaultMessage("Tue Mar  5 12:30:15 2024"));
     failEach(
         prepare, [] { return asking::run(); },
         [&](const madeCall& call) {
-            const bool opens = call.operation == "openFile" && call.subject == narrow(asking::languagePath);
+            const bool opens =
+                call.operation == "openFile" && call.subject == narrow(asking::languagePath);
             const bool reads = isOneOf(call.operation, {"readFile", "decode"}) && call.nth == 2;
             // The title stands in the half that a short read gives.
             const bool half = call.operation == "readFile" && machine::current().shortTransfers;
-            // Of its state, existence counts, and the size for the load; the rest only tells of a change.
+            // Of its state, existence counts, and the size for the load; the rest only tells of a
+            // change.
             const bool asks = asksFor(call, asking::languagePath);
             if ((reads && half) || (asks && call.nth == 5)) return answered(withDefaultMessage);
-            if (opens || reads || (asks && (call.nth == 1 || call.nth == 4))) return answered(withDefaultTitle);
+            if (opens || reads || (asks && (call.nth == 1 || call.nth == 4)))
+                return answered(withDefaultTitle);
             if (asks) return answered(given.whole);
             return afterAsking(call, given);
         });

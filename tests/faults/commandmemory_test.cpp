@@ -34,11 +34,13 @@ std::vector<std::string> slicingStates()
 
 // The answers with these titles and messages. Where no memory was left for the value of a
 // parameter, its place stays open.
-std::vector<std::string> answersWith(const std::vector<std::string>& titles, const std::vector<std::string>& messages)
+std::vector<std::string> answersWith(const std::vector<std::string>& titles,
+                                     const std::vector<std::string>& messages)
 {
     std::vector<std::string> answers;
     for (const std::string& title : titles)
-        for (const std::string& message : messages) answers.push_back(asking::answer(title, message));
+        for (const std::string& message : messages)
+            answers.push_back(asking::answer(title, message));
     return answers;
 }
 
@@ -46,13 +48,15 @@ const std::string measuredAt = "Tue Mar  5 12:30:15 2024";
 const std::vector<std::string> defaultMessages = {
     asking::defaultMessage(measuredAt),
     asking::defaultMessage("[datetime]"),
-    "Measured data for platform &quot;[platform]&quot; found!&quot;\nPlatform measured on " + measuredAt,
+    "Measured data for platform &quot;[platform]&quot; found!&quot;\nPlatform measured on " +
+        measuredAt,
 };
 
 // Runs the command once for each request until none fails, and gives the number of requests.
 // `judge` gets the exit code, or -1 if the failure passed.
 template <class Prepare, class Run, class Judge>
-std::size_t refuseEach(const Prepare& prepare, const Run& run, const Judge& judge, allocationFault::lasting how)
+std::size_t refuseEach(const Prepare& prepare, const Run& run, const Judge& judge,
+                       allocationFault::lasting how)
 {
     for (std::size_t nth = 1;; ++nth) {
         prepare();
@@ -78,10 +82,12 @@ void judgeResult(outcome got, std::int32_t code, const std::vector<std::string>&
     EXPECT_EQ(machine::current().content(asking::measuringPath), asking::measured);
     EXPECT_EQ(machine::current().content(u"C:\\taven\\other.txt"), "of somebody else");
     if (got != outcome::done) {
-        EXPECT_TRUE(result == asking::older || !machine::current().hasFile(asking::resultPath)) << result;
+        EXPECT_TRUE(result == asking::older || !machine::current().hasFile(asking::resultPath))
+            << result;
         EXPECT_TRUE(machine::current().boxes.empty());
     } else if (code == 0) {
-        EXPECT_EQ(taven::tests::onlyBox(), orlo::string(u"Error parsing file \"") + asking::measuringPath + u"\" ");
+        EXPECT_EQ(taven::tests::onlyBox(),
+                  orlo::string(u"Error parsing file \"") + asking::measuringPath + u"\" ");
         EXPECT_EQ(result, asking::older);
     } else {
         EXPECT_EQ(code, 1);
@@ -105,7 +111,8 @@ TEST(slistatMemory, stopsBetweenTwoOfItsStepsByTheFailure)
             EXPECT_EQ(diskText(), states.back());
         } else {
             EXPECT_EQ(got, outcome::badAlloc);
-            EXPECT_NE(std::find(states.begin(), states.end(), diskText()), states.end()) << diskText();
+            EXPECT_NE(std::find(states.begin(), states.end(), diskText()), states.end())
+                << diskText();
         }
         EXPECT_TRUE(machine::current().boxes.empty());
     };
@@ -119,8 +126,9 @@ TEST(slistatMemory, reportsAlsoWhereNoMemoryIsLeft)
     const auto judge = [](outcome got, std::int32_t code) {
         if (got != outcome::done) return;
         EXPECT_EQ(code, 0);
-        EXPECT_EQ(taven::tests::boxes(), (std::vector<orlo::string>{u"Status message: \"ended_success\"",
-                                                                    u"Taven folder \"C:\\none\\\" not found"}));
+        EXPECT_EQ(taven::tests::boxes(),
+                  (std::vector<orlo::string>{u"Status message: \"ended_success\"",
+                                             u"Taven folder \"C:\\none\\\" not found"}));
     };
     const auto run = [] { return slicing::run({u"-tavenfldr:C:\\none", u"-debug"}); };
     refuseEach(slicing::prepare, run, judge, allocationFault::lasting::once);
@@ -153,26 +161,30 @@ TEST(getncsMemory, usesDefaultTextsWhereTheLanguageFileCannotBeRead)
     static std::int64_t time = 1'800'000'000;
     const auto prepare = [] {
         asking::prepare();
-        machine::current().addFile(asking::languagePath,
-                                   bom + "brx_msgTitle A title of some length\n"
-                                         "brx_measureFound Found [platform], [datetime], and that is all\n");
+        machine::current().addFile(
+            asking::languagePath,
+            bom + "brx_msgTitle A title of some length\n"
+                  "brx_measureFound Found [platform], [datetime], and that is all\n");
         machine::current().setModificationTime(asking::languagePath, ++time);
     };
     std::vector<std::string> messages = {"Found P1, " + measuredAt + ", and that is all",
                                          "Found P1, [datetime], and that is all",
                                          "Found [platform], " + measuredAt + ", and that is all"};
     messages.insert(messages.end(), defaultMessages.begin(), defaultMessages.end());
-    const std::vector<std::string> answers = answersWith({"A title of some length", "taven-kolve Morrel"}, messages);
+    const std::vector<std::string> answers =
+        answersWith({"A title of some length", "taven-kolve Morrel"}, messages);
 
     bool usedDefault = false;
     const auto judge = [&](outcome got, std::int32_t code) {
         judgeResult(got, code, answers);
         const std::string result = machine::current().content(asking::resultPath);
-        usedDefault = usedDefault || result == asking::answer("A title of some length", defaultMessages[0]) ||
+        usedDefault = usedDefault ||
+                      result == asking::answer("A title of some length", defaultMessages[0]) ||
                       result == asking::answer("taven-kolve Morrel", messages[0]);
     };
     refuseEach(
         prepare, [] { return asking::run(); }, judge, allocationFault::lasting::once);
     EXPECT_TRUE(usedDefault);
-    EXPECT_EQ(machine::current().content(asking::resultPath), answers[0]) << "the last run, in which nothing failed";
+    EXPECT_EQ(machine::current().content(asking::resultPath), answers[0])
+        << "the last run, in which nothing failed";
 }

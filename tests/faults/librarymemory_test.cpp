@@ -66,8 +66,10 @@ class libraryMemory : public languageTest {};
 TEST(textMemory, stringsStayWholeWhereNoMemoryIsLeft)
 {
     runRows({
-        {"from units", longText, [](string& text) { text = string(u"another text of some length"); }},
-        {"from bytes", longText, [](string& text) { text = string("another text of some length"); }},
+        {"from units", longText,
+         [](string& text) { text = string(u"another text of some length"); }},
+        {"from bytes", longText,
+         [](string& text) { text = string("another text of some length"); }},
         {"from a unit and more", longText, [](string& text) { text = string(u'x') + longText; }},
         {"append", longText, [](string& text) { text.append(longText); }},
         {"insert", longText, [](string& text) { text.insert(2, longText); }},
@@ -122,21 +124,23 @@ TEST(textMemory, templatesAreFilledOrStayOpen)
     const auto view = [](const stringTemplate& text) { return text.text(); };
     const auto make = [] { return stringTemplate(u"a place for [name] in a longer text"); };
     faultRounds(
-        "text", make, [](stringTemplate& text) { text.insertValue(longText.c_str(), u"name"); }, view)
+        "text", make, [](stringTemplate& text) { text.insertValue(longText.c_str(), u"name"); },
+        view)
         .run();
     faultRounds(
         "number", make, [](stringTemplate& text) { text.insertValue(123456789.0, u"name"); }, view)
         .run();
     faultRounds(
-        "copy", make, [](stringTemplate& text) { text = stringTemplate(stringTemplate(longText.c_str())); }, view)
+        "copy", make,
+        [](stringTemplate& text) { text = stringTemplate(stringTemplate(longText.c_str())); }, view)
         .run();
     faultRounds(
         "very wide", [] { return stringTemplate(u"[name:%2000d]"); },
         [](stringTemplate& text) { text.insertValue(7L, u"name"); }, view)
         .run();
     faultRounds(
-        "setText", [] { return stringTemplate(u"x"); }, [](stringTemplate& text) { text.setText(longText.c_str()); },
-        view)
+        "setText", [] { return stringTemplate(u"x"); },
+        [](stringTemplate& text) { text.setText(longText.c_str()); }, view)
         .run();
 }
 
@@ -144,7 +148,8 @@ TEST(textMemory, aSeverityFailsByTheLibrarysOwnException)
 {
     machine::renew();
     faultRounds(
-        "severity", [] { return stringTemplate(u"x"); }, [](stringTemplate& text) { text.setText(u"E:y"); },
+        "severity", [] { return stringTemplate(u"x"); },
+        [](stringTemplate& text) { text.setText(u"E:y"); },
         [](const stringTemplate& text) { return text.text(); })
         .leavesBy(outcome::outOfMemory)
         .run();
@@ -158,12 +163,17 @@ TEST(pathMemory, pathsAreGivenWholeOrNotAtAll)
     const string path = u"C:\\some directory\\another directory\\a name of some length.extension";
     runRows({
         {"normalizePath", longText,
-         [](string& text) { text = normalizePath(u"one directory/../another directory//name", true); }},
+         [](string& text) {
+             text = normalizePath(u"one directory/../another directory//name", true);
+         }},
         {"normalizePath with a variable", longText,
          [](string& text) { text = normalizePath(u"%SOMEWHERE%\\x", true); }},
-        {"combinePath", path, [](string& text) { text = combinePath(text, u"..\\below\\another name", false); }},
-        {"ensureTrailingSeparator", unitsOf(15), [](string& text) { ensureTrailingSeparator(text); }},
-        {"pathRoot", u"\\\\a server\\a shared folder\\x", [](string& text) { text = pathRoot(text); }},
+        {"combinePath", path,
+         [](string& text) { text = combinePath(text, u"..\\below\\another name", false); }},
+        {"ensureTrailingSeparator", unitsOf(15),
+         [](string& text) { ensureTrailingSeparator(text); }},
+        {"pathRoot", u"\\\\a server\\a shared folder\\x",
+         [](string& text) { text = pathRoot(text); }},
         {"pathExtension", path, [](string& text) { text = pathExtension(text); }},
         {"pathName", path, [](string& text) { text = pathName(text); }},
         {"pathDirectory", path, [](string& text) { text = pathDirectory(text); }},
@@ -176,7 +186,8 @@ TEST(pathMemory, pathsAreGivenWholeOrNotAtAll)
         {"getEnvironmentVariable", u"",
          [](string& text) {
              string value;
-             text = getEnvironmentVariable((u"SOME" + string(u"WHERE")).c_str(), value) ? value : longText;
+             text = getEnvironmentVariable((u"SOME" + string(u"WHERE")).c_str(), value) ? value
+                                                                                        : longText;
          }},
     });
 }
@@ -198,12 +209,14 @@ TEST(pathMemory, entriesKeepTheirPaths)
         "file setPath", makeFile, [](file& entry) { entry.setPath(unitsOf(200)); }, view)
         .run();
     faultRounds(
-        "directory from two", makeDirectory, [&](directory& entry) { entry = directory(place, longText); }, view)
+        "directory from two", makeDirectory,
+        [&](directory& entry) { entry = directory(place, longText); }, view)
         .run();
     // The path alone fills its room, so that the separator has to ask for more.
     const string longer = u"C:\\" + unitsOf(60);
     faultRounds(
-        "directory setPath", [] { return directory(); }, [&](directory& entry) { entry.setPath(longer); }, view)
+        "directory setPath", [] { return directory(); },
+        [&](directory& entry) { entry.setPath(longer); }, view)
         .run();
     faultRounds(
         "isRemote", makeFile, [](file& entry) { static_cast<void>(entry.isRemote()); }, view)
@@ -215,7 +228,8 @@ namespace {
 void addSampleFiles()
 {
     machine& here = machine::renew();
-    for (const char16_t* name : {u"a first file.txt", u"a second file.txt", u"a third file.txt", u"other"})
+    for (const char16_t* name :
+         {u"a first file.txt", u"a second file.txt", u"a third file.txt", u"other"})
         here.addFile(u"C:\\a directory of files\\" + string(name), "x");
     here.addFile(u"C:\\a directory of files\\a directory below\\deep file.txt", "x");
 }
@@ -247,13 +261,15 @@ TEST(fileMemory, searchesEndByTheFailureWithNothingOpen)
     };
     const auto walkFiles = [&where](string& all) {
         string found;
-        for (auto hit = where.findFiles(u"*.txt", skipHiddenAndSystem); !hit.path().empty(); hit.next())
+        for (auto hit = where.findFiles(u"*.txt", skipHiddenAndSystem); !hit.path().empty();
+             hit.next())
             found.append(hit.path());
         all.swap(found);
     };
     const auto walkDirectories = [&where](string& all) {
         string found;
-        for (auto hit = where.findDirectories(u"*.*", skipHiddenAndSystem); !hit.path().empty(); hit.next())
+        for (auto hit = where.findDirectories(u"*.*", skipHiddenAndSystem); !hit.path().empty();
+             hit.next())
             found.append(hit.path());
         all.swap(found);
     };
@@ -275,7 +291,8 @@ TEST(fileMemory, directoriesAreRenamedWholly)
         return directory(string(u"C:\\a directory of files"));
     };
     faultRounds(
-        "directory::rename", make, [](directory& entry) { entry.rename(u"a new name of some length"); },
+        "directory::rename", make,
+        [](directory& entry) { entry.rename(u"a new name of some length"); },
         [](const directory& entry) { return joined(machine::current().files()) + entry.path(); })
         .mayStopHalfWay()
         .run();
@@ -326,8 +343,10 @@ TEST(conversionMemory, aFailedConversionLeavesItsTargetAlone)
     runConversion("file to text", shortText, file(string(u"C:\\some directory\\a name")));
     runConversion("directory to text", shortText, directory(string(u"C:\\some directory")));
     runConversion("text to file", file(string(u"C:\\before")), string(u"some directory\\a name"));
-    runConversion("text to directory", directory(string(u"C:\\before\\")), string(u"C:/some directory"));
-    runConversion("file to directory", directory(string(u"C:\\before\\")), file(string(u"C:\\some directory")));
+    runConversion("text to directory", directory(string(u"C:\\before\\")),
+                  string(u"C:/some directory"));
+    runConversion("file to directory", directory(string(u"C:\\before\\")),
+                  file(string(u"C:\\some directory")));
     runConversion("point to text", shortText, orloGeo::point3d(1.25, 2.25, 3.25));
     runConversion("narrow text to text", shortText, std::string("a text of some length"));
 }
@@ -375,7 +394,9 @@ TEST_F(libraryMemory, internedTextsFailByTheAssertionAndThenByTheEmptyEntry)
     const auto assertion = [](const string& line) {
         return u"Assertion failed:\npString\n\nFile: libs/utils/src/orloscstring\nLine: " + line;
     };
-    const auto intern = [] { static_cast<void>(scstring(u"a text that nobody has interned before")); };
+    const auto intern = [] {
+        static_cast<void>(scstring(u"a text that nobody has interned before"));
+    };
     const auto shown = [] { return machine::current().boxTexts(); };
     static_cast<void>(scstring(u"the pool itself is there"));
     {
@@ -388,7 +409,8 @@ TEST_F(libraryMemory, internedTextsFailByTheAssertionAndThenByTheEmptyEntry)
         EXPECT_EQ(outcomeOf(intern), outcome::plainFalse);
     }
     EXPECT_EQ(outcomeOf(intern), outcome::plainFalse);
-    EXPECT_EQ(shown(), (std::vector<string>{assertion(u"114"), assertion(u"114"), assertion(u"127")}));
+    EXPECT_EQ(shown(),
+              (std::vector<string>{assertion(u"114"), assertion(u"114"), assertion(u"127")}));
 }
 
 // What is made on first use, in a process that has not used it yet.
@@ -418,8 +440,8 @@ TEST(firstUseDeathTest, ofTheTableWithoutMemoryLeavesOneThatThrowsAPlainFalse)
             const allocationFault fault(1);
             return outcomeOf(setLanguage) == outcome::plainFalse;
         }();
-        const bool refusedLater =
-            outcomeOf(setLanguage) == outcome::plainFalse && outcomeOf([&] { lookUp(u"key"); }) == outcome::plainFalse;
+        const bool refusedLater = outcomeOf(setLanguage) == outcome::plainFalse &&
+                                  outcomeOf([&] { lookUp(u"key"); }) == outcome::plainFalse;
         const bool emptyKeyNeedsNone = !lookUp(u"");
         std::_Exit(refusedAtFirst && refusedLater && emptyKeyNeedsNone ? 0 : 1);
     };
@@ -429,15 +451,19 @@ TEST(firstUseDeathTest, ofTheTableWithoutMemoryLeavesOneThatThrowsAPlainFalse)
 TEST_F(libraryMemory, localisedTextsAreRenderedOrTheFailurePasses)
 {
     const auto make = [] {
-        return locString(u"a key of some length", u"a default text with [a parameter]", u"some language.loc");
+        return locString(u"a key of some length", u"a default text with [a parameter]",
+                         u"some language.loc");
     };
     const auto view = [](const locString& text) { return string(text.getText()); };
     faultRounds(
-        "setParam", make, [](locString& text) { text.setParam(u"a value of some length", u"a parameter"); }, view)
+        "setParam", make,
+        [](locString& text) { text.setParam(u"a value of some length", u"a parameter"); }, view)
         .mayDoWithout()
         .run();
     faultRounds(
-        "copy", make, [](locString& text) { text = locString(locString(u"another key", longText.c_str())); }, view)
+        "copy", make,
+        [](locString& text) { text = locString(locString(u"another key", longText.c_str())); },
+        view)
         .run();
     faultRounds(
         "getText", make, [](locString& text) { static_cast<void>(text.getText()); }, view)
@@ -460,8 +486,10 @@ TEST_F(libraryMemory, aLanguageIsSetWithItsListenersToldOrNotAtAll)
         const allocationPause ownMemory;
         told = string(before) + u"," + now;
     };
-    addLanguageFile(u"C:\\tool\\config\\Language\\the language before\\memory.loc", u"key before\n");
-    addLanguageFile(u"C:\\tool\\config\\Language\\the language behind\\memory.loc", u"key behind\n");
+    addLanguageFile(u"C:\\tool\\config\\Language\\the language before\\memory.loc",
+                    u"key before\n");
+    addLanguageFile(u"C:\\tool\\config\\Language\\the language behind\\memory.loc",
+                    u"key behind\n");
     languageTable& table = languageTable::instance();
     table.addListener(listener);
     const auto make = [&table] {
@@ -470,7 +498,9 @@ TEST_F(libraryMemory, aLanguageIsSetWithItsListenersToldOrNotAtAll)
         return 0;
     };
     // The text shows which language the table holds.
-    const auto view = [](int) { return told + u":" + locString(u"key", u"none", u"memory.loc").getText(); };
+    const auto view = [](int) {
+        return told + u":" + locString(u"key", u"none", u"memory.loc").getText();
+    };
     faultRounds(
         "setLanguage", make, [&table](int) { table.setLanguage(u"the language behind"); }, view)
         .run();
@@ -487,8 +517,9 @@ string lookedUp(locFile& file, const char16_t* key)
 
 void addLanguageFiles()
 {
-    addLanguageFile(u"C:\\l\\main file.loc", u"#include other file.loc\n;;cmd(replace:::old words:::new words)\n"
-                                             u"the first key some old words in a text\nthe second key $$third\n");
+    addLanguageFile(u"C:\\l\\main file.loc",
+                    u"#include other file.loc\n;;cmd(replace:::old words:::new words)\n"
+                    u"the first key some old words in a text\nthe second key $$third\n");
     addLanguageFile(u"C:\\l\\other file.loc", u"third a text of the other file\n");
     addLanguageFile(u"C:\\l\\over file.loc", u"fourth a text of the override file\n");
 }
@@ -581,14 +612,17 @@ TEST_F(libraryMemory, exceptionsAreMadeWholeOrTheFailureOfMemoryLeavesInstead)
     const auto view = [](int) { return string(); };
     const readFileException inner(concerned, nullptr);
     faultRounds(
-        "fileNotFound", make, [&](int) { static_cast<void>(fileNotFoundException(concerned)); }, view)
+        "fileNotFound", make, [&](int) { static_cast<void>(fileNotFoundException(concerned)); },
+        view)
         .mayDoWithout()
         .run();
     faultRounds(
-        "writeFile", make, [&](int) { static_cast<void>(writeFileException(concerned, &inner)); }, view)
+        "writeFile", make, [&](int) { static_cast<void>(writeFileException(concerned, &inner)); },
+        view)
         .run();
     faultRounds(
-        "unexpectedError", make, [&](int) { static_cast<void>(unexpectedErrorException(u"%s", longText)); }, view)
+        "unexpectedError", make,
+        [&](int) { static_cast<void>(unexpectedErrorException(u"%s", longText)); }, view)
         .run();
     faultRounds(
         "outOfMemory", make, [&](int) { static_cast<void>(outOfMemoryException()); }, view)
@@ -659,14 +693,19 @@ TEST(treeMemory, growsByWholeNodesAndAttributes)
 {
     const auto make = [] { return sampleTree(); };
     faultRounds(
-        "addChild", make, [](documentPointer& tree) { tree->addChild(u"a new child of some length"); }, written)
+        "addChild", make,
+        [](documentPointer& tree) { tree->addChild(u"a new child of some length"); }, written)
         .run();
     faultRounds(
         "new attribute", make,
-        [](documentPointer& tree) { tree->setAttribute(u"a new one of them", u"a value of some length"); }, written)
+        [](documentPointer& tree) {
+            tree->setAttribute(u"a new one of them", u"a value of some length");
+        },
+        written)
         .run();
     faultRounds(
-        "old attribute", make, [](documentPointer& tree) { tree->children[0]->setAttribute(u"b", longText); }, written)
+        "old attribute", make,
+        [](documentPointer& tree) { tree->children[0]->setAttribute(u"b", longText); }, written)
         .run();
     faultRounds(
         "createNode", make, [](documentPointer&) { xmlNode::createNode(longText); }, written)
@@ -682,7 +721,10 @@ TEST(treeMemory, readingFailsByTheLibrarysOwnException)
     for (const std::string& bytes : {std::string(sample), wideDocument()}) {
         faultRounds(
             "parseBuffer", [] { return xmlDocument::createDocument(); },
-            [&bytes](documentPointer& tree) { tree->parseBuffer(bytes.data(), bytes.size(), false); }, written)
+            [&bytes](documentPointer& tree) {
+                tree->parseBuffer(bytes.data(), bytes.size(), false);
+            },
+            written)
             .leavesBy(outcome::outOfMemory)
             .mayStopHalfWay()
             .run();
@@ -739,7 +781,8 @@ TEST(treeMemory, aSaveThatFailsLeavesTheOldFileAsItWas)
         },
         [](const documentPointer& tree) {
             EXPECT_EQ(machine::current().openHandles(), 0u);
-            return written(tree) + string(machine::current().content(u"C:\\a directory\\an old file.xml").c_str());
+            return written(tree) +
+                   string(machine::current().content(u"C:\\a directory\\an old file.xml").c_str());
         })
         .run();
 }

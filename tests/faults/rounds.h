@@ -17,7 +17,8 @@ enum class outcome { done, badAlloc, outOfMemory, plainFalse, libraryFailure };
 
 inline std::ostream& operator<<(std::ostream& out, outcome value)
 {
-    static constexpr const char* names[] = {"done", "bad_alloc", "outOfMemoryException", "false", "another exception"};
+    static constexpr const char* names[] = {"done", "bad_alloc", "outOfMemoryException", "false",
+                                            "another exception"};
     return out << names[static_cast<std::size_t>(value)];
 }
 
@@ -44,7 +45,8 @@ template <class Make, class Change, class View>
 class faultRounds {
 public:
     faultRounds(std::string name, Make make, Change change, View view)
-        : m_name(std::move(name)), m_make(std::move(make)), m_change(std::move(change)), m_view(std::move(view))
+        : m_name(std::move(name)), m_make(std::move(make)), m_change(std::move(change)),
+          m_view(std::move(view))
     {}
 
     // How the failure leaves the operation.
@@ -72,7 +74,8 @@ public:
         std::size_t nth = 1;
         while (runWithFault(nth, allocationFault::lasting::once)) ++nth;
         // Where nothing is to be had any more, no promise holds but safety.
-        for (std::size_t from = 1; from < nth; ++from) runWithFault(from, allocationFault::lasting::forGood);
+        for (std::size_t from = 1; from < nth; ++from)
+            runWithFault(from, allocationFault::lasting::forGood);
         EXPECT_GT(nth, 1u) << m_name << " asks for no memory, so that nothing was tried";
     }
 
@@ -120,7 +123,8 @@ private:
     void finish(Target& target, std::size_t nth) const
     {
         if (!m_keepsOld) return;
-        EXPECT_EQ(outcomeOf([&] { m_change(target); }), outcome::done) << m_name << ", request " << nth;
+        EXPECT_EQ(outcomeOf([&] { m_change(target); }), outcome::done)
+            << m_name << ", request " << nth;
         if (m_sameResult) expectView(target, m_after, nth);
     }
 

@@ -64,7 +64,8 @@ TEST(placeMemory, aSearchPathGrowsByWholeDirectories)
         .mayStopHalfWay()
         .run();
     faultRounds(
-        "text to searchPath", make, [&](searchPath& places) { typeconvert::convert(places, list); }, view)
+        "text to searchPath", make, [&](searchPath& places) { typeconvert::convert(places, list); },
+        view)
         .mayStopHalfWay()
         .run();
 }
@@ -79,11 +80,13 @@ TEST(placeMemory, aPlaceIsFoundOrTheOldOneStays)
     places.addDirectory(directory(string(u"C:\\a first directory")));
     faultRounds(
         "findInDirectories", make,
-        [&places](directory& found) { places.findInDirectories(u"the wanted one", found, true); }, pathOf)
+        [&places](directory& found) { places.findInDirectories(u"the wanted one", found, true); },
+        pathOf)
         .run();
     faultRounds(
         "searchPath to text", [] { return string(u"before"); },
-        [&places](string& text) { typeconvert::convert(text, places); }, [](const string& text) { return text; })
+        [&places](string& text) { typeconvert::convert(text, places); },
+        [](const string& text) { return text; })
         .run();
     faultRounds(
         "getModuleFile", [] { return file(string(u"C:\\before")); },
@@ -98,7 +101,8 @@ TEST(valueMemory, textsOfTheCalendarAreWrittenAndReadWhollyOrNotAtAll)
     machine::renew();
     const auto toText = [](const char* name, const auto& value) {
         faultRounds(
-            name, [] { return string(u"before"); }, [&value](string& text) { typeconvert::convert(text, value); },
+            name, [] { return string(u"before"); },
+            [&value](string& text) { typeconvert::convert(text, value); },
             [](const string& text) { return text; })
             .run();
     };
@@ -108,11 +112,14 @@ TEST(valueMemory, textsOfTheCalendarAreWrittenAndReadWhollyOrNotAtAll)
 
     faultRounds(
         "text to date", [] { return date(1, 2, 3); },
-        [](date& day) { typeconvert::convert(day, string(u"'0000002024-0000003-0000005'")); }, textOf<date>)
+        [](date& day) { typeconvert::convert(day, string(u"'0000002024-0000003-0000005'")); },
+        textOf<date>)
         .run();
     faultRounds(
         "text to time", [] { return orlo::time(1, 2, 3, 4); },
-        [](orlo::time& day) { typeconvert::convert(day, string(u"0000000012:0000000030:0000000015")); },
+        [](orlo::time& day) {
+            typeconvert::convert(day, string(u"0000000012:0000000030:0000000015"));
+        },
         textOf<orlo::time>)
         .run();
 }
@@ -140,7 +147,8 @@ TEST(valueMemory, holdersTakeNewValuesWhollyOrNotAtAll)
         // A conversion that finds no memory has failed like any other.
         genericValue value = make();
         const allocationFault fault(1);
-        EXPECT_FALSE(to ? number.get()->copyTo(*value.get()) : value.get()->copyFrom(*number.get()));
+        EXPECT_FALSE(to ? number.get()->copyTo(*value.get())
+                        : value.get()->copyFrom(*number.get()));
         EXPECT_TRUE(fault.hasHappened());
         EXPECT_EQ(view(value), u"before");
     }
@@ -159,7 +167,8 @@ TEST_F(settingsMemory, theTablesSettingsChangeWhollyOrNotAtAll)
         return 0;
     };
     faultRounds(
-        "setDefaultFile", make, [&table](int) { table.setDefaultFile(u"a second file of texts.loc"); }, shown)
+        "setDefaultFile", make,
+        [&table](int) { table.setDefaultFile(u"a second file of texts.loc"); }, shown)
         .run();
 }
 
@@ -183,7 +192,8 @@ TEST_F(settingsMemory, aListenerIsToldOrWasNotTakenIn)
 
 TEST_F(settingsMemory, textsWithParametersAreCopiedAndRenderedWhollyOrNotAtAll)
 {
-    addLanguageFile(u"C:\\tool\\bin\\some texts.loc", u"key a longer text with [value] and [inner]\n");
+    addLanguageFile(u"C:\\tool\\bin\\some texts.loc",
+                    u"key a longer text with [value] and [inner]\n");
     static_cast<void>(scstring(u"some texts.loc"));
     const auto make = [] {
         locString text(u"key", u"default", u"some texts.loc");
@@ -193,8 +203,8 @@ TEST_F(settingsMemory, textsWithParametersAreCopiedAndRenderedWhollyOrNotAtAll)
     };
     const auto view = [](const locString& text) { return string(text.getText()); };
     faultRounds(
-        "setParam with a holder", make, [](locString& text) { text.setParam(genericValue::of(longText), u"value"); },
-        view)
+        "setParam with a holder", make,
+        [](locString& text) { text.setParam(genericValue::of(longText), u"value"); }, view)
         .mayDoWithout()
         .run();
     faultRounds(
@@ -250,7 +260,8 @@ TEST_F(settingsMemory, anAssertionIsReportedAlsoWhereNoMemoryIsLeft)
     const allocationFault fault(1, allocationFault::lasting::forGood);
     EXPECT_EQ(outcomeOf([] { failAssertion(u"condition", u"some file", 7); }), outcome::plainFalse);
     const allocationPause looking;
-    EXPECT_EQ(here.boxTexts(), std::vector<string>{u"Assertion failed:\ncondition\n\nFile: some file\nLine: 7"});
+    EXPECT_EQ(here.boxTexts(),
+              std::vector<string>{u"Assertion failed:\ncondition\n\nFile: some file\nLine: 7"});
 }
 
 TEST_F(settingsMemory, failuresOfFilesAreMadeWholeOrTheFailureOfMemoryLeavesInstead)
@@ -263,7 +274,8 @@ TEST_F(settingsMemory, failuresOfFilesAreMadeWholeOrTheFailureOfMemoryLeavesInst
         .mayDoWithout()
         .run();
     faultRounds(
-        "readFile", make, [&](int) { static_cast<void>(readFileException(concerned, nullptr)); }, view)
+        "readFile", make, [&](int) { static_cast<void>(readFileException(concerned, nullptr)); },
+        view)
         .mayDoWithout()
         .run();
 }
@@ -301,8 +313,8 @@ TEST(nodeMemory, theStepsOfATreeChangeItWhollyOrNotAtAll)
         .mayStopHalfWay()
         .run();
     faultRounds(
-        "writeDeclaration", makeText, [](string& text) { xmlDocument::writeDeclaration(text, xmlEncoding::utf8); },
-        same)
+        "writeDeclaration", makeText,
+        [](string& text) { xmlDocument::writeDeclaration(text, xmlEncoding::utf8); }, same)
         .mayStopHalfWay()
         .run();
 }
@@ -311,7 +323,9 @@ TEST(nodeMemory, aTextIsReadOrFailsByTheLibrarysOwnException)
 {
     faultRounds(
         "parseText", [] { return xmlNode::createNode(u""); },
-        [](refptr<xmlNode>& node) { node->parseText(u"<a><b c='d'>a text of some length</b></a>", false, nullptr); },
+        [](refptr<xmlNode>& node) {
+            node->parseText(u"<a><b c='d'>a text of some length</b></a>", false, nullptr);
+        },
         [](const refptr<xmlNode>& node) {
             string text;
             node->writeNode(text, string::emptyString());

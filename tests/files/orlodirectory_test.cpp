@@ -103,7 +103,8 @@ TEST_F(directoryTest, staysWhereTheSystemRefusesToRename)
     here.addDirectory(u"C:\\a\\c");
     directory renamed(u"C:\\a\\b");
     EXPECT_FALSE(renamed.rename(u"c"));
-    EXPECT_EQ(here.countCalls("access") + here.countCalls("queryStatus"), 0u); // the system's answer is all
+    EXPECT_EQ(here.countCalls("access") + here.countCalls("queryStatus"),
+              0u); // the system's answer is all
     here.failCall("renameEntry", 1);
     EXPECT_FALSE(renamed.rename(u"d"));
     EXPECT_EQ(renamed.path(), string(u"C:\\a\\b\\"));
@@ -117,7 +118,8 @@ TEST_F(directoryTest, findsSubdirectoriesInTheSystemsOrder)
     here.addDirectory(u"C:\\d\\m");
     EXPECT_EQ(pathsOf(folder.findDirectories(u"*.*", skipHiddenAndSystem)),
               (paths{u"C:\\d\\z\\", u"C:\\d\\a.b\\", u"C:\\d\\m\\"}));
-    EXPECT_EQ(pathsOf(folder.findDirectories(u"?", skipHiddenAndSystem)), (paths{u"C:\\d\\z\\", u"C:\\d\\m\\"}));
+    EXPECT_EQ(pathsOf(folder.findDirectories(u"?", skipHiddenAndSystem)),
+              (paths{u"C:\\d\\z\\", u"C:\\d\\m\\"}));
 }
 
 TEST_F(directoryTest, findsTheVeryFirstHit)
@@ -132,7 +134,8 @@ TEST_F(directoryTest, neverFindsItselfOrItsParent)
     here.addDirectory(u"C:\\d\\.git");
     here.addDirectory(u"C:\\d\\..x");
     here.addDirectory(u"C:\\d\\...");
-    EXPECT_EQ(pathsOf(folder.findDirectories(u"*.*", 0)), (paths{u"C:\\d\\.git\\", u"C:\\d\\..x\\", u"C:\\d\\...\\"}));
+    EXPECT_EQ(pathsOf(folder.findDirectories(u"*.*", 0)),
+              (paths{u"C:\\d\\.git\\", u"C:\\d\\..x\\", u"C:\\d\\...\\"}));
     here.addDirectory(u"C:\\e");
     EXPECT_TRUE(directory(u"C:\\e").findDirectories(u"*.*", 0).path().empty());
     EXPECT_TRUE(directory(u"C:\\e").findDirectories(u"*", 0).path().empty());
@@ -158,10 +161,12 @@ TEST_F(directoryTest, withFilesAloneHasNoSubdirectory)
 
 TEST_F(directoryTest, passesOverSubdirectoriesWithASkippedAttribute)
 {
-    for (const char16_t* name : {u"C:\\d\\1", u"C:\\d\\2", u"C:\\d\\3", u"C:\\d\\4"}) here.addDirectory(name);
+    for (const char16_t* name : {u"C:\\d\\1", u"C:\\d\\2", u"C:\\d\\3", u"C:\\d\\4"})
+        here.addDirectory(name);
     here.setAttributes(u"C:\\d\\1", attributeHidden);
     here.setAttributes(u"C:\\d\\3", attributeSystem);
-    EXPECT_EQ(pathsOf(folder.findDirectories(u"*.*", skipHiddenAndSystem)), (paths{u"C:\\d\\2\\", u"C:\\d\\4\\"}));
+    EXPECT_EQ(pathsOf(folder.findDirectories(u"*.*", skipHiddenAndSystem)),
+              (paths{u"C:\\d\\2\\", u"C:\\d\\4\\"}));
     EXPECT_EQ(pathsOf(folder.findDirectories(u"*.*", 0)).size(), 4u);
 }
 
@@ -208,7 +213,8 @@ TEST_F(directoryTest, normalisesThePathsOfItsHits)
 {
     here.addDirectory(u"C:\\d\\x1");
     here.addDirectory(u"C:\\d\\x2");
-    EXPECT_EQ(pathsOf(directory(u"C:/a/../d").findDirectories(u"x?", 0)), (paths{u"C:\\d\\x1\\", u"C:\\d\\x2\\"}));
+    EXPECT_EQ(pathsOf(directory(u"C:/a/../d").findDirectories(u"x?", 0)),
+              (paths{u"C:\\d\\x1\\", u"C:\\d\\x2\\"}));
 }
 
 TEST_F(directoryTest, withoutAPathJoinsTheVeryFirstHitToNothing)
@@ -216,7 +222,8 @@ TEST_F(directoryTest, withoutAPathJoinsTheVeryFirstHitToNothing)
     here.addDirectory(u"C:\\work\\x1");
     here.addDirectory(u"C:\\work\\x2");
     EXPECT_TRUE(pathsOf(directory().findDirectories(u"x?", 0)).empty());
-    EXPECT_EQ(pathsOf(directory().findDirectories(u"*", 0)), (paths{u"C:\\work\\x1\\", u"C:\\work\\x2\\"}));
+    EXPECT_EQ(pathsOf(directory().findDirectories(u"*", 0)),
+              (paths{u"C:\\work\\x1\\", u"C:\\work\\x2\\"}));
 }
 
 TEST_F(directoryTest, isWrittenAsItsPathWithTheSeparator)

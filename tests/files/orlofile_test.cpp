@@ -193,7 +193,8 @@ TEST_F(fileTest, isCreatedWithThePermissionOfTheMode)
         unsigned mode;
         bool writable;
     };
-    for (const row& row : {row{2, true}, row{6, true}, row{7, true}, row{4, false}, row{0, false}, row{1, false}}) {
+    for (const row& row :
+         {row{2, true}, row{6, true}, row{7, true}, row{4, false}, row{0, false}, row{1, false}}) {
         SCOPED_TRACE(row.mode);
         const file made(u"C:\\a\\made" + string(static_cast<char16_t>(u'0' + row.mode)));
         EXPECT_TRUE(made.create(row.mode));
@@ -355,8 +356,10 @@ TEST_F(fileSearchTest, passesOverHitsWithASkippedAttribute)
     here.addFile(u"C:\\d\\2", "", attributeReadOnly | attributeArchive);
     here.addFile(u"C:\\d\\3", "", attributeSystem | attributeArchive);
     here.addFile(u"C:\\d\\4", "");
-    EXPECT_EQ(pathsOf(folder.findFiles(u"*.*", skipHiddenAndSystem)), (paths{u"C:\\d\\2", u"C:\\d\\4"}));
-    EXPECT_EQ(pathsOf(folder.findFiles(u"*.*", attributeReadOnly)), (paths{u"C:\\d\\1", u"C:\\d\\3", u"C:\\d\\4"}));
+    EXPECT_EQ(pathsOf(folder.findFiles(u"*.*", skipHiddenAndSystem)),
+              (paths{u"C:\\d\\2", u"C:\\d\\4"}));
+    EXPECT_EQ(pathsOf(folder.findFiles(u"*.*", attributeReadOnly)),
+              (paths{u"C:\\d\\1", u"C:\\d\\3", u"C:\\d\\4"}));
     EXPECT_EQ(pathsOf(folder.findFiles(u"*.*", 0)).size(), 4u);
 }
 
@@ -480,5 +483,6 @@ TEST_F(fileSearchTest, findsFilesInTheRootOfADriveAndOnAServer)
     here.addFile(u"D:\\a.x", "");
     here.addFile(u"\\\\srv\\share\\b.x", "");
     EXPECT_EQ(pathsOf(directory(u"D:").findFiles(u"*.x", 0)), (paths{u"D:\\a.x"}));
-    EXPECT_EQ(pathsOf(directory(u"\\\\srv\\share").findFiles(u"*.x", 0)), (paths{u"\\\\srv\\share\\b.x"}));
+    EXPECT_EQ(pathsOf(directory(u"\\\\srv\\share").findFiles(u"*.x", 0)),
+              (paths{u"\\\\srv\\share\\b.x"}));
 }

@@ -18,8 +18,11 @@ namespace {
 // The plain entry, with nothing of a file or a directory.
 class plainEntry : public fsEntry {
 public:
-    plainEntry(const string& path, const string& second, bool trailing) : fsEntry(path, second, trailing) {}
-    plainEntry(const string& base, const string& name) : fsEntry(joining::always, base, name, true) {}
+    plainEntry(const string& path, const string& second, bool trailing)
+        : fsEntry(path, second, trailing)
+    {}
+    plainEntry(const string& base, const string& name) : fsEntry(joining::always, base, name, true)
+    {}
     bool rename(const string&) override { return false; }
 };
 

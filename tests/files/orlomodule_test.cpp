@@ -12,7 +12,10 @@ namespace {
 
 class moduleTest : public testing::Test {
 protected:
-    moduleTest() : here(machine::renew()) { here.modules[u"drawing.dll"] = u"D:\\parts\\drawing.dll"; }
+    moduleTest() : here(machine::renew())
+    {
+        here.modules[u"drawing.dll"] = u"D:\\parts\\drawing.dll";
+    }
     machine& here;
 };
 

@@ -161,10 +161,12 @@ TEST_F(path, isTheSameWithEitherSlash)
     constexpr std::u16string_view units = u"\\\\..:aC";
     for (int round = 0; round < 20000; ++round) {
         string text(random() % 4 != 0 ? u"C:\\a" : u"\\\\");
-        for (auto count = random() % 12; count > 0; --count) text.push_back(units[random() % units.size()]);
+        for (auto count = random() % 12; count > 0; --count)
+            text.push_back(units[random() % units.size()]);
         const string slashed = string(text).replaceChar(u'\\', u'/');
         for (const bool trailing : {false, true})
-            ASSERT_EQ(normalizePath(text, trailing), normalizePath(slashed, trailing)) << narrow(text);
+            ASSERT_EQ(normalizePath(text, trailing), normalizePath(slashed, trailing))
+                << narrow(text);
     }
 }
 
@@ -303,7 +305,8 @@ TEST_F(path, joinsBaseAndRelativeText)
         SCOPED_TRACE(narrow(string(row.base)) + " and " + narrow(string(row.relative)));
         const string joined(row.joined);
         EXPECT_EQ(combinePath(row.base, row.relative, false), joined);
-        EXPECT_EQ(combinePath(row.base, row.relative, true), joined.empty() ? joined : joined + u"\\");
+        EXPECT_EQ(combinePath(row.base, row.relative, true),
+                  joined.empty() ? joined : joined + u"\\");
     }
 }
 
@@ -320,8 +323,13 @@ TEST_F(path, endsInExactlyOneSeparator)
         const char16_t* after;
     };
     constexpr row rows[] = {
-        {u"", u""},       {u"C:\\a", u"C:\\a\\"}, {u"C:\\a\\", u"C:\\a\\"}, {u"C:\\a\\\\\\", u"C:\\a\\"},
-        {u"\\", u"\\\\"}, {u"\\\\", u"\\\\\\"},   {u"C:\\a/", u"C:\\a/\\"},
+        {u"", u""},
+        {u"C:\\a", u"C:\\a\\"},
+        {u"C:\\a\\", u"C:\\a\\"},
+        {u"C:\\a\\\\\\", u"C:\\a\\"},
+        {u"\\", u"\\\\"},
+        {u"\\\\", u"\\\\\\"},
+        {u"C:\\a/", u"C:\\a/\\"},
     };
     for (const row& row : rows) {
         string text(row.before);

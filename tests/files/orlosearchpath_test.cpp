@@ -27,7 +27,8 @@ class searchPathTest : public testing::Test {
 protected:
     searchPathTest() : here(machine::renew())
     {
-        for (const char16_t* path : {u"C:\\a", u"C:\\b", u"C:\\tool\\bin\\sub", u"C:\\tool\\bin\\.hidden"})
+        for (const char16_t* path :
+             {u"C:\\a", u"C:\\b", u"C:\\tool\\bin\\sub", u"C:\\tool\\bin\\.hidden"})
             here.addDirectory(path);
     }
     paths parsed(const char16_t* text, char16_t delimiter = u';')

@@ -43,7 +43,8 @@ matrix4d product(const matrix4d& a, const matrix4d& b)
 double greatestDifference(const matrix4d& a, const matrix4d& b)
 {
     double greatest = 0;
-    for (unsigned i = 0; i < 16; ++i) greatest = std::max(greatest, std::fabs(a.at(i / 4, i % 4) - b.at(i / 4, i % 4)));
+    for (unsigned i = 0; i < 16; ++i)
+        greatest = std::max(greatest, std::fabs(a.at(i / 4, i % 4) - b.at(i / 4, i % 4)));
     return greatest;
 }
 
@@ -90,8 +91,10 @@ TEST(matrix, hasItsConstants)
     EXPECT_EQ(identityMatrix, matrix4d(identity));
     EXPECT_EQ(identityTable, matrix4d(identity));
     static const elements permutations[] = {
-        {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1}, {1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1},
-        {-1, 0, 0, 0, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 1},  {0, 0, -1, 0, -1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 1},
+        {1, 0, 0, 0, 0, -1, 0, 0, 0, 0, -1, 0, 0, 0, 0, 1},
+        {1, 0, 0, 0, 0, 0, -1, 0, 0, 1, 0, 0, 0, 0, 0, 1},
+        {-1, 0, 0, 0, 0, 0, 1, 0, 0, 1, 0, 0, 0, 0, 0, 1},
+        {0, 0, -1, 0, -1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 1},
         {0, 0, 1, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0, 1},
     };
     ASSERT_EQ(axisPermutations.size(), std::size(permutations));
@@ -134,7 +137,10 @@ TEST(fromFrame, refusesANullZAndAnXParallelToIt)
         {{0, 0, 5}, {0, 0, 1}}, {{0, 0, -5}, {0, 0, 1}},    {{1e-13, 0, 1}, {0, 0, 1}},
     };
     for (const auto& row : rows)
-        EXPECT_TRUE(refuses([&] { matrix4d::fromFrame({}, row.x, {0, 1, 0}, row.z); })) << row.x.x << ' ' << row.x.z;
+        EXPECT_TRUE(refuses([&] {
+            matrix4d::fromFrame({}, row.x, {0, 1, 0}, row.z);
+        })) << row.x.x
+            << ' ' << row.x.z;
 }
 
 TEST(fromFrame, isRightHandedAndOrthonormalForRandomAxes)
@@ -144,7 +150,8 @@ TEST(fromFrame, isRightHandedAndOrthonormalForRandomAxes)
     std::mt19937_64 random(seed);
     std::uniform_real_distribution<double> any(-10, 10);
     for (int round = 0; round < 500; ++round) {
-        const vector3d x(any(random), any(random), any(random)), z(any(random), any(random), any(random));
+        const vector3d x(any(random), any(random), any(random)),
+            z(any(random), any(random), any(random));
         const matrix4d m = matrix4d::fromFrame({any(random), any(random), any(random)}, x, {}, z);
         const vector3d mx = column(m, 0), my = column(m, 1), mz = column(m, 2);
         ASSERT_LE(length(cross(mx, my) - mz), 1e-14) << "round " << round;
@@ -206,14 +213,16 @@ TEST(inverse, leavesTheMatrix)
 {
     const matrix4d m({2, 0, 0, 4, 0, 2, 0, 6, 0, 0, 2, 8, 0, 0, 0, 1});
     const matrix4d before(m);
-    EXPECT_EQ(m.inverse(), matrix4d(elements{0.5, 0, 0, -2, 0, 0.5, 0, -3, 0, 0, 0.5, -4, 0, 0, 0, 1}));
+    EXPECT_EQ(m.inverse(),
+              matrix4d(elements{0.5, 0, 0, -2, 0, 0.5, 0, -3, 0, 0, 0.5, -4, 0, 0, 0, 1}));
     EXPECT_EQ(m, before);
 }
 
 TEST(inverse, ofAQuarterTurnIsExactByRowAddition)
 {
     const matrix4d turned({0, -1, 0, 10, 1, 0, 0, 20, 0, 0, 1, 30, 0, 0, 0, 1});
-    EXPECT_EQ(turned.inverse(), matrix4d(elements{0, 1, 0, -20, -1, 0, 0, 10, 0, 0, 1, -30, 0, 0, 0, 1}));
+    EXPECT_EQ(turned.inverse(),
+              matrix4d(elements{0, 1, 0, -20, -1, 0, 0, 10, 0, 0, 1, -30, 0, 0, 0, 1}));
 }
 
 TEST(inverse, ofEachAxisPermutationIsItsTransposed)
@@ -243,7 +252,8 @@ TEST(inverse, takesPivotsFromTheTolerance)
         for (const auto& row : rows) {
             matrix4d m;
             m.at(k, k) = row.pivot;
-            EXPECT_EQ(refuses([&] { static_cast<void>(m.inverse()); }), row.refused) << k << ' ' << row.pivot;
+            EXPECT_EQ(refuses([&] { static_cast<void>(m.inverse()); }), row.refused)
+                << k << ' ' << row.pivot;
         }
     }
 }
@@ -269,11 +279,14 @@ TEST(inverse, mendsByTheGreatestRowAndByTheLastOfEquals)
         double first, second; // column 0 of the rows 1 and 2
         bool secondChosen;
     } rows[] = {
-        {1, 1, true}, {-1, -1, true}, {1.001, 1, false}, {1, 1.001, true}, {-1.001, -1, false}, {-1, -1.001, true},
+        {1, 1, true},     {-1, -1, true},      {1.001, 1, false},
+        {1, 1.001, true}, {-1.001, -1, false}, {-1, -1.001, true},
     };
     for (const auto& row : rows) {
-        const matrix4d refusedBySecond({0, small, 1, 0, row.first, small, 0, 0, row.second, 0, 0, 0, 0, 0, 0, 1});
-        const matrix4d refusedByFirst({0, small, 1, 0, row.first, 0, 0, 0, row.second, small, 0, 0, 0, 0, 0, 1});
+        const matrix4d refusedBySecond(
+            {0, small, 1, 0, row.first, small, 0, 0, row.second, 0, 0, 0, 0, 0, 0, 1});
+        const matrix4d refusedByFirst(
+            {0, small, 1, 0, row.first, 0, 0, 0, row.second, small, 0, 0, 0, 0, 0, 1});
         EXPECT_EQ(refuses([&] { static_cast<void>(refusedBySecond.inverse()); }), row.secondChosen)
             << row.first << ' ' << row.second;
         EXPECT_EQ(refuses([&] { static_cast<void>(refusedByFirst.inverse()); }), !row.secondChosen)
@@ -305,11 +318,13 @@ TEST(inverse, refusesSingularMatrices)
     EXPECT_TRUE(refuses([] { static_cast<void>(matrix4d(elements{}).inverse()); }));
     // Two equal rows.
     EXPECT_TRUE(refuses([] {
-        static_cast<void>(matrix4d(elements{1, 2, 3, 4, 1, 2, 3, 4, 0, 0, 1, 0, 0, 0, 0, 1}).inverse());
+        static_cast<void>(
+            matrix4d(elements{1, 2, 3, 4, 1, 2, 3, 4, 0, 0, 1, 0, 0, 0, 0, 1}).inverse());
     }));
     // A zero last row.
     EXPECT_TRUE(refuses([] {
-        static_cast<void>(matrix4d(elements{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0}).inverse());
+        static_cast<void>(
+            matrix4d(elements{1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 1, 0, 0, 0, 0, 0}).inverse());
     }));
 }
 
@@ -321,7 +336,8 @@ TEST(inverse, timesTheMatrixIsTheIdentityForRandomFrames)
     std::uniform_real_distribution<double> axes(-1, 1), places(-1000, 1000);
     for (int round = 0; round < 2000; ++round) {
         const point3d place(places(random), places(random), places(random));
-        const vector3d x(axes(random), axes(random), axes(random)), z(axes(random), axes(random), axes(random));
+        const vector3d x(axes(random), axes(random), axes(random)),
+            z(axes(random), axes(random), axes(random));
         const matrix4d m = matrix4d::fromFrame(place, x, {}, z);
         const matrix4d inverted = m.inverse();
         // Origins around 1000 and pivots that may come near 1e-5 cost up to nine digits.
@@ -333,7 +349,8 @@ TEST(inverse, timesTheMatrixIsTheIdentityForRandomFrames)
             ASSERT_NEAR(inverted.at(r, 0), across.x, 1e-8);
             ASSERT_NEAR(inverted.at(r, 1), across.y, 1e-8);
             ASSERT_NEAR(inverted.at(r, 2), across.z, 1e-8);
-            ASSERT_NEAR(inverted.at(r, 3), -(across.x * origin.x + across.y * origin.y + across.z * origin.z), 1e-5);
+            ASSERT_NEAR(inverted.at(r, 3),
+                        -(across.x * origin.x + across.y * origin.y + across.z * origin.z), 1e-5);
         }
     }
 }
@@ -392,7 +409,8 @@ TEST(inverse, hasTheSameLastDigitsAsAPlainEliminationForRandomMatrices)
             continue;
         }
         const matrix4d inverted = m.inverse();
-        for (unsigned i = 0; i < 16; ++i) ASSERT_EQ(inverted.at(i / 4, i % 4), expected[i]) << "round " << round;
+        for (unsigned i = 0; i < 16; ++i)
+            ASSERT_EQ(inverted.at(i / 4, i % 4), expected[i]) << "round " << round;
     }
     EXPECT_GT(refused, 100);
     EXPECT_LT(refused, 4900);

@@ -53,7 +53,8 @@ TEST(isNear, isTrueUpToAndWithTheTolerance)
         {infinite, 0, infinite, true},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(isNear(row.a, row.b, row.tolerance), row.near) << row.a << ' ' << row.b << ' ' << row.tolerance;
+        EXPECT_EQ(isNear(row.a, row.b, row.tolerance), row.near)
+            << row.a << ' ' << row.b << ' ' << row.tolerance;
 }
 
 TEST(isNear, hasOneToleranceForDivisors)
@@ -126,8 +127,10 @@ TEST(division, refusesDivisorsUpToTheToleranceAndChangesNothing)
         vector3d u(before);
         EXPECT_EQ(refuses([&] { u /= row.divisor; }), row.refused) << row.divisor;
         EXPECT_EQ(u == before, row.refused) << row.divisor;
-        EXPECT_EQ(refuses([&] { static_cast<void>(before / row.divisor); }), row.refused) << row.divisor;
-        EXPECT_EQ(refuses([&] { static_cast<void>(point3d(before) / row.divisor); }), row.refused) << row.divisor;
+        EXPECT_EQ(refuses([&] { static_cast<void>(before / row.divisor); }), row.refused)
+            << row.divisor;
+        EXPECT_EQ(refuses([&] { static_cast<void>(point3d(before) / row.divisor); }), row.refused)
+            << row.divisor;
     }
 }
 
@@ -166,9 +169,10 @@ TEST(normalize, refusesShortVectorsAndNotANumberAndChangesNothing)
         vector3d vector;
         bool refused;
     } rows[] = {
-        {{0, 0, 0}, true},   {{1e-13, 0, 0}, true},  {{1e-12, 0, 0}, true}, {{1e-200, 1e-200, 0}, true},
-        {{nan, 1, 1}, true}, {{1, nan, 1}, true},    {{1, 1, nan}, true},   {{1.1e-12, 0, 0}, false},
-        {{0, -2, 0}, false}, {{0, 0, 1e100}, false},
+        {{0, 0, 0}, true},           {{1e-13, 0, 0}, true},    {{1e-12, 0, 0}, true},
+        {{1e-200, 1e-200, 0}, true}, {{nan, 1, 1}, true},      {{1, nan, 1}, true},
+        {{1, 1, nan}, true},         {{1.1e-12, 0, 0}, false}, {{0, -2, 0}, false},
+        {{0, 0, 1e100}, false},
     };
     for (const auto& row : rows) {
         vector3d u(row.vector);

@@ -30,11 +30,14 @@ const struct {
     const char16_t* text;
 } texts[] = {
     {u"brx_msgTitle", u"taven-kolve Morrel"},
-    {u"infoNotFound", u"Platform information for \"[platform]\" not found!\nPlease use build process before starting "
+    {u"infoNotFound", u"Platform information for \"[platform]\" not found!\nPlease use build "
+                      u"process before starting "
                       u"toolpath calculations!"},
-    {u"measureNotFound", u"Measured data for platform \"[platform]\" not found!\nPlease measure platform before "
-                         u"starting toolpath calculations!"},
-    {u"brx_measureFound", u"Measured data for platform \"[platform]\" found!\"\nPlatform measured on [datetime]"},
+    {u"measureNotFound",
+     u"Measured data for platform \"[platform]\" not found!\nPlease measure platform before "
+     u"starting toolpath calculations!"},
+    {u"brx_measureFound",
+     u"Measured data for platform \"[platform]\" found!\"\nPlatform measured on [datetime]"},
     {u"Msg_EOutOfMem", u"Out of memory"},
     {u"EUnexpected", u"Unexpected error occurred ([Details])"},
     {u"Msg_EFileNotFound", u"File [File] not found!"},
@@ -97,7 +100,8 @@ TEST_P(languageFiles, areUtf8WithMark)
 {
     EXPECT_EQ(bytes.substr(0, 3), "\xEF\xBB\xBF");
     std::u16string units(bytes.size(), u'\0');
-    units.resize(orlo::platform::decode(orlo::platform::encoding::utf8, bytes.data(), bytes.size(), units.data()));
+    units.resize(orlo::platform::decode(orlo::platform::encoding::utf8, bytes.data(), bytes.size(),
+                                        units.data()));
     EXPECT_EQ(units.find(u'\uFFFD'), units.npos) << "not UTF-8";
 }
 
@@ -127,8 +131,11 @@ TEST_P(languageFiles, renderEachTextWithoutAnOpenPlace)
 
 TEST_P(languageFiles, haveTheSameLinesInEachText)
 {
-    const auto lines = [](const string& text) { return std::count(text.begin(), text.end(), u'\n'); };
-    for (const auto& row : texts) EXPECT_EQ(lines(rawText(row.key)), lines(row.text)) << orlo::narrow(row.key);
+    const auto lines = [](const string& text) {
+        return std::count(text.begin(), text.end(), u'\n');
+    };
+    for (const auto& row : texts)
+        EXPECT_EQ(lines(rawText(row.key)), lines(row.text)) << orlo::narrow(row.key);
 }
 
 TEST_P(languageFiles, haveTheTitleUntranslated)

@@ -41,7 +41,8 @@ static_assert(std::is_base_of_v<orlo::fileException, orlo::readFileException>);
 static_assert(std::is_base_of_v<orlo::fileException, orlo::writeFileException>);
 static_assert(std::is_base_of_v<orlo::fileException, orlo::invalidXmlException>);
 static_assert(std::has_virtual_destructor_v<orlo::exception>);
-static_assert(!std::is_constructible_v<orlo::fileException, const locString&, const file&, const orlo::exception*>);
+static_assert(!std::is_constructible_v<orlo::fileException, const locString&, const file&,
+                                       const orlo::exception*>);
 
 } // namespace
 
@@ -54,19 +55,22 @@ TEST_F(failure, carriesKeyDefaultTextAndParameters)
     } rows[] = {
         {orlo::outOfMemoryException(), u"Msg_EOutOfMem|Out of memory|", u"Out of memory"},
         {orlo::unexpectedErrorException(u"line %d of %s", 7, u"a.xml"),
-         u"EUnexpected|Unexpected error occurred ([Details])|", u"Unexpected error occurred (line 7 of a.xml)"},
+         u"EUnexpected|Unexpected error occurred ([Details])|",
+         u"Unexpected error occurred (line 7 of a.xml)"},
         {orlo::fileNotFoundException(sample), u"Msg_EFileNotFound|File [File] not found!|",
          u"File C:\\x\\y.xml not found!"},
         {orlo::readFileException(sample, nullptr), u"Msg_EReadFile|Error reading file [File]|",
          u"Error reading file C:\\x\\y.xml"},
         {orlo::writeFileException(sample, nullptr), u"Msg_EWriteFile|Error writing file [File]|",
          u"Error writing file C:\\x\\y.xml"},
-        {orlo::invalidXmlException(sample), u"Msg_EInvalidXml|File [File] is not a valid XML-file!|",
+        {orlo::invalidXmlException(sample),
+         u"Msg_EInvalidXml|File [File] is not a valid XML-file!|",
          u"File C:\\x\\y.xml is not a valid XML-file!"},
     };
     for (const auto& row : rows) {
         EXPECT_EQ(keyOf(row.thrown), string(row.key));
-        EXPECT_EQ(row.thrown.m_message.renderedText(), string()) << "rendered before somebody asked";
+        EXPECT_EQ(row.thrown.m_message.renderedText(), string())
+            << "rendered before somebody asked";
         EXPECT_EQ(textOf(row.thrown), string(row.text));
         EXPECT_TRUE(row.thrown.m_stack.empty());
     }
@@ -108,8 +112,8 @@ TEST_F(failure, copiesItsMessageAndItsStack)
     const orlo::readFileException copy(original);
     orlo::readFileException assigned(file(u"C:\\other"), nullptr);
     assigned = original;
-    for (const orlo::exception* each :
-         {static_cast<const orlo::exception*>(&copy), static_cast<const orlo::exception*>(&assigned)}) {
+    for (const orlo::exception* each : {static_cast<const orlo::exception*>(&copy),
+                                        static_cast<const orlo::exception*>(&assigned)}) {
         EXPECT_EQ(textOf(*each), string(u"Error reading file C:\\x\\y.xml"));
         ASSERT_EQ(each->m_stack.size(), 1U);
         EXPECT_EQ(string(each->m_stack[0].getText()), string(u"Out of memory"));

@@ -219,7 +219,8 @@ TEST_F(table, splitsAnAddressAtItsBars)
         {u" key |default|bars.loc", u"found"},
         {u"|default|bars.loc", u"<none>"},
     };
-    for (const auto& row : rows) EXPECT_EQ(textOf(rawAddress(row.whole)), string(row.text)) << orlo::narrow(row.whole);
+    for (const auto& row : rows)
+        EXPECT_EQ(textOf(rawAddress(row.whole)), string(row.text)) << orlo::narrow(row.whole);
 }
 
 TEST_F(table, asksForNoFileWhereTheAddressLacksAPart)

@@ -66,8 +66,9 @@ struct lineRow {
 void expectTexts(std::initializer_list<lineRow> rows)
 {
     for (const lineRow& row : rows)
-        EXPECT_EQ(textIn(row.content, row.key), string(row.text)) << "key " << orlo::narrow(row.key) << " in\n"
-                                                                  << orlo::narrow(row.content);
+        EXPECT_EQ(textIn(row.content, row.key), string(row.text))
+            << "key " << orlo::narrow(row.key) << " in\n"
+            << orlo::narrow(row.content);
 }
 
 } // namespace
@@ -214,21 +215,28 @@ TEST_F(languageFile, tellsKeysApartWhereverTheyDiffer)
         std::u16string high = low;
         low[at] = u'a';
         high[at] = u'\u4e2d';
-        const std::u16string file = high + u" high\nz other\n" + low + u" low\n" + high + u" second\nshort text\n" +
-                                    low.substr(0, at + 1) + u" begun\n";
+        const std::u16string file = high + u" high\nz other\n" + low + u" low\n" + high +
+                                    u" second\nshort text\n" + low.substr(0, at + 1) + u" begun\n";
         EXPECT_EQ(textIn(string(file), low.c_str()), string(u"low")) << at;
         EXPECT_EQ(textIn(string(file), high.c_str()), string(u"high")) << at;
-        EXPECT_EQ(textIn(string(file), low.substr(0, at + 1).c_str()), string(at < 39 ? u"begun" : u"low")) << at;
+        EXPECT_EQ(textIn(string(file), low.substr(0, at + 1).c_str()),
+                  string(at < 39 ? u"begun" : u"low"))
+            << at;
     }
 }
 
 TEST_F(languageFile, keepsTheFirstEntryOfEachOfManyKeys)
 {
     constexpr int keys = 20;
-    const auto keyAt = [](int line) { return u"key" + string(std::to_string(line * 7 % keys).c_str()); };
+    const auto keyAt = [](int line) {
+        return u"key" + string(std::to_string(line * 7 % keys).c_str());
+    };
     string content;
     for (int line = 0; line < 20 * keys; ++line)
-        content.append(keyAt(line)).append(u" ").append(string(std::to_string(line).c_str())).append(u"\n");
+        content.append(keyAt(line))
+            .append(u" ")
+            .append(string(std::to_string(line).c_str()))
+            .append(u"\n");
     addLanguageFile(mainPath, content);
     locFile from{file(mainPath)};
     for (int line = 0; line < keys; ++line)
@@ -251,7 +259,8 @@ TEST_F(languageFile, neverGivesASeverityOrLeadingBlanksToTheUser)
 TEST_F(languageFile, takesPiecesOfALongLineAsLines)
 {
     const string filler(std::u16string(1018, u'a'));
-    const string content = u"long " + filler + u"tail " + string(std::u16string(472, u'b')) + u"\nnext 1\n";
+    const string content =
+        u"long " + filler + u"tail " + string(std::u16string(472, u'b')) + u"\nnext 1\n";
     ASSERT_EQ(content.find(u'\n'), 1500U);
     EXPECT_EQ(textIn(content, u"long"), filler);
     EXPECT_EQ(textIn(content, u"tail"), string(std::u16string(472, u'b')));
@@ -277,7 +286,8 @@ TEST_F(languageFile, goesOnFromPieceToPieceOfALongLine)
 TEST_F(languageFile, isDecodedByItsMark)
 {
     EXPECT_EQ(textInBytes("\xEF\xBB\xBFkey gr\xC3\xBC\xC3\x9F", u"key"), string(u"gr\u00FC\u00DF"));
-    EXPECT_EQ(textInBytes(std::string("\xFF\xFEk\0 \0\xFC\0\xAC\x20\n\0", 12), u"k"), string(u"\u00FC\u20AC"));
+    EXPECT_EQ(textInBytes(std::string("\xFF\xFEk\0 \0\xFC\0\xAC\x20\n\0", 12), u"k"),
+              string(u"\u00FC\u20AC"));
     EXPECT_EQ(textInBytes("key plain", u"key"), string(u"plain"));
 }
 
@@ -580,13 +590,15 @@ TEST_F(languageFile, takesIncludedNamesFromTheIncludingFile)
 
 TEST_F(languageFile, includesAFileOnceWhateverTheCase)
 {
-    addLanguageFile(mainPath, u"key value\n#include more.loc\n#include MORE.loc\n#include more.loc\n");
+    addLanguageFile(mainPath,
+                    u"key value\n#include more.loc\n#include MORE.loc\n#include more.loc\n");
     addLanguageFile(morePath, u"other text\n");
     locFile from{file(mainPath)};
     textOf(from, u"missing");
     here.calls.clear();
     EXPECT_EQ(textOf(from, u"missing"), string(u"<none>"));
-    EXPECT_EQ(here.countCalls("queryStatus"), 2U) << "one for the file and one for the included one";
+    EXPECT_EQ(here.countCalls("queryStatus"), 2U)
+        << "one for the file and one for the included one";
 }
 
 TEST_F(languageFile, fixesItsIncludesWhenItIsMade)
@@ -679,7 +691,9 @@ TEST_F(languageFile, survivesACircleOfIncludes)
 TEST_F(languageFile, findsAKeyAtTheEndOfAChainOfIncludes)
 {
     const int depth = 200;
-    const auto path = [](int index) { return u"C:\\lang\\f" + string(std::to_string(index).c_str()) + u".loc"; };
+    const auto path = [](int index) {
+        return u"C:\\lang\\f" + string(std::to_string(index).c_str()) + u".loc";
+    };
     for (int index = 0; index < depth; ++index)
         addLanguageFile(path(index), u"#include " + path(index + 1).substr(8) + u"\n");
     addLanguageFile(path(depth), u"key deep\n");
@@ -784,7 +798,8 @@ TEST_F(languageFile, appliesTheCommandsOfItsOverrideFileToAllEntries)
 {
     locFile from = overridden(u"own a\nkey a\n", u";;cmd(replace:::a:::aa)\nkey ax\n");
     EXPECT_EQ(textOf(from, u"own"), string(u"aa"));
-    EXPECT_EQ(textOf(from, u"key"), string(u"aaaax")) << "in its own file and again after the merge";
+    EXPECT_EQ(textOf(from, u"key"), string(u"aaaax"))
+        << "in its own file and again after the merge";
 }
 
 TEST_F(languageFile, appliesItsOwnCommandsBeforeTheOverrideFileComesIn)
@@ -833,7 +848,8 @@ TEST_F(languageFile, loadsItsOverrideFileAlsoWhenItIsMissingItself)
     locFile from{file(mainPath)};
     from.setOverrideFile(file(overridePath));
     EXPECT_EQ(textOf(from, u"key"), string(u"<none>")) << "the load has failed";
-    EXPECT_EQ(textOf(from, u"key"), string(u"site")) << "the entries are there now, and no time has changed";
+    EXPECT_EQ(textOf(from, u"key"), string(u"site"))
+        << "the entries are there now, and no time has changed";
 }
 
 TEST_F(languageFile, isReadAgainAfterItsOverrideFileWasSet)

@@ -63,7 +63,8 @@ TEST(scstring, ofANullTextFailsAnAssertion)
         EXPECT_FALSE(thrown);
     }
     ASSERT_EQ(here.boxTexts().size(), 1U);
-    EXPECT_EQ(here.boxTexts()[0], string(u"Assertion failed:\ns\n\nFile: libs/utils/src/orloscstring\nLine: 102"));
+    EXPECT_EQ(here.boxTexts()[0],
+              string(u"Assertion failed:\ns\n\nFile: libs/utils/src/orloscstring\nLine: 102"));
 }
 
 TEST(scstring, isTheSameForAllThreads)

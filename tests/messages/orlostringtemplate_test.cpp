@@ -205,7 +205,8 @@ TEST(conversionSpec, isClassedByItsLetter)
         for (const char16_t* letter = row.letters; *letter != 0; ++letter) {
             const conversionSpec spec = specOf(string(u"%") + string(*letter));
             EXPECT_EQ(spec.type(), row.type) << orlo::narrow(string(*letter));
-            EXPECT_EQ(spec.isComplete(), row.type != valueClass::none) << orlo::narrow(string(*letter));
+            EXPECT_EQ(spec.isComplete(), row.type != valueClass::none)
+                << orlo::narrow(string(*letter));
         }
     }
     EXPECT_EQ(static_cast<int>(valueClass::empty), 5);
@@ -218,9 +219,11 @@ TEST(conversionSpec, recordsTheSizeByTheUnitBefore)
         const char16_t* units;
         std::uint32_t size;
     } rows[] = {
-        {u"%", 1}, {u"%d", 1}, {u"%hd", 0}, {u"%ld", 2}, {u"%lld", 2}, {u"%l5d", 1}, {u"%l5", 2}, {u"h", 1},
+        {u"%", 1},    {u"%d", 1},   {u"%hd", 0}, {u"%ld", 2},
+        {u"%lld", 2}, {u"%l5d", 1}, {u"%l5", 2}, {u"h", 1},
     };
-    for (const auto& row : rows) EXPECT_EQ(specOf(row.units).size(), row.size) << orlo::narrow(row.units);
+    for (const auto& row : rows)
+        EXPECT_EQ(specOf(row.units).size(), row.size) << orlo::narrow(row.units);
 }
 
 TEST(conversionSpec, refusesUnitsBeyond15)
@@ -277,7 +280,8 @@ TEST(stringTemplate, fillsThePlaceOfAName)
         {u"[x:y]", u"V"},
         {u"[x:a:b]", u"[x:a:b]"}, // the name ends at the last colon
     };
-    for (const auto& row : rows) EXPECT_EQ(filled(row.text, u"V", u"x"), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(filled(row.text, u"V", u"x"), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(stringTemplate, takesNamesWithColonsOnlyInFrontOfAnother)
@@ -289,8 +293,9 @@ TEST(stringTemplate, takesNamesWithColonsOnlyInFrontOfAnother)
 
 TEST(stringTemplate, takesTheValueOfANamedPlace)
 {
-    EXPECT_EQ(filled(u"Unexpected error occurred ([Details])", string(u"no disk").c_str(), u"Details"),
-              u"Unexpected error occurred (no disk)");
+    EXPECT_EQ(
+        filled(u"Unexpected error occurred ([Details])", string(u"no disk").c_str(), u"Details"),
+        u"Unexpected error occurred (no disk)");
     EXPECT_EQ(filled(u"[Count:%03d]", 7, u"Count"), u"007");
     EXPECT_EQ(filled(u"\\[Details]", u"V", u"Details"), u"\\[Details]");
     EXPECT_EQ(filled(u"x[Details]", u"V", u"Details"), u"x[Details]");
@@ -310,7 +315,8 @@ TEST(stringTemplate, dropsTheValueWhereThePlaceHasAnotherName)
 TEST(stringTemplate, looksForAConversionInsideThePlaceOfAnotherName)
 {
     EXPECT_EQ(filled(u"%d [Detailed:%d]", 5, u"Detail"), u"%d [Detailed:5]");
-    EXPECT_EQ(filled(u"[Detailed:%d] [Detailing:%d]", 5, u"Detail"), u"[Detailed:%d] [Detailing:5]");
+    EXPECT_EQ(filled(u"[Detailed:%d] [Detailing:%d]", 5, u"Detail"),
+              u"[Detailed:%d] [Detailing:5]");
     EXPECT_EQ(filled(u"[Detailed:%0] 3d", 5, u"Detail"), u"[Detailed: 3d");
 }
 
@@ -357,12 +363,14 @@ TEST(stringTemplate, findsANumberByItsShortestReading)
         const char16_t* text;
         const char16_t* expected;
     } rows[] = {
-        {u"$1", u"V"},     {u"a$1b", u"aVb"},  {u"$12", u"V2"},     {u"$ 1", u"V"},   {u"$+1", u"V"},
-        {u"$ +1", u"V"},   {u"$+ 1", u"$+ 1"}, {u"$-1", u"$-1"},    {u"$01", u"V"},   {u"$21", u"$21"},
-        {u"$$1", u"$V"},   {u"$", u"$"},       {u"a$", u"a$"},      {u"$a1", u"$a1"}, {u"$2 $1", u"$2 V"},
-        {u"$\t\n1", u"V"}, {u"1", u"1"},       {u"$1 $1", u"V $1"},
+        {u"$1", u"V"},  {u"a$1b", u"aVb"},   {u"$12", u"V2"},     {u"$ 1", u"V"},
+        {u"$+1", u"V"}, {u"$ +1", u"V"},     {u"$+ 1", u"$+ 1"},  {u"$-1", u"$-1"},
+        {u"$01", u"V"}, {u"$21", u"$21"},    {u"$$1", u"$V"},     {u"$", u"$"},
+        {u"a$", u"a$"}, {u"$a1", u"$a1"},    {u"$2 $1", u"$2 V"}, {u"$\t\n1", u"V"},
+        {u"1", u"1"},   {u"$1 $1", u"V $1"},
     };
-    for (const auto& row : rows) EXPECT_EQ(filled(row.text, u"V", nextPlace), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(filled(row.text, u"V", nextPlace), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(stringTemplate, readsANumberWithin63Units)
@@ -455,7 +463,8 @@ struct formatRow {
 template <class Value, std::size_t count>
 void expectFilled(const formatRow<Value> (&rows)[count])
 {
-    for (const auto& row : rows) EXPECT_EQ(filled(row.text, row.value, u"x"), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(filled(row.text, row.value, u"x"), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(stringTemplate, formatsWholeNumbersByClass)
@@ -467,10 +476,12 @@ TEST(stringTemplate, formatsWholeNumbersByClass)
     };
     expectFilled(shorts);
     static const formatRow<int> ints[] = {
-        {u"[x]", -70000, u"-70000"},    {u"[x:%-7s]|", 12, u"12     |"}, {u"[x:%hd]", 65536 + 5, u"5"},
-        {u"[x:%u]", -1, u"4294967295"}, {u"[x:%e]", 3, u"3.000000e+00"}, {u"[x:%c]", 200, u"\uffc8"},
-        {u"[x:%c]", 256 + 65, u"A"},    {u"[x:%lld]", -5, u"-5"},        {u"[x:%*d]", 5, u"5"},
-        {u"[x:%i]", 5, u"5"},           {u"[x:%o]", 8, u"10"},           {u"[x:%#X]", 255, u"0XFF"},
+        {u"[x]", -70000, u"-70000"},     {u"[x:%-7s]|", 12, u"12     |"},
+        {u"[x:%hd]", 65536 + 5, u"5"},   {u"[x:%u]", -1, u"4294967295"},
+        {u"[x:%e]", 3, u"3.000000e+00"}, {u"[x:%c]", 200, u"\uffc8"},
+        {u"[x:%c]", 256 + 65, u"A"},     {u"[x:%lld]", -5, u"-5"},
+        {u"[x:%*d]", 5, u"5"},           {u"[x:%i]", 5, u"5"},
+        {u"[x:%o]", 8, u"10"},           {u"[x:%#X]", 255, u"0XFF"},
     };
     expectFilled(ints);
     static const formatRow<long> longs[] = {
@@ -538,8 +549,12 @@ TEST(stringTemplate, formatsBoolsByClass)
 TEST(stringTemplate, formatsAUnitAsItsNumber)
 {
     static const formatRow<char16_t> rows[] = {
-        {u"[x]", u'A', u"65"},        {u"[x:%4s]", u'A', u"  65"},       {u"[x:%d]", u'\uffff', u"65535"},
-        {u"[x:%c]", u'A', u"A"},      {u"[x:%c]", u'\u00c8', u"\uffc8"}, {u"[x:%.1f]", u'A', u"65.0"},
+        {u"[x]", u'A', u"65"},
+        {u"[x:%4s]", u'A', u"  65"},
+        {u"[x:%d]", u'\uffff', u"65535"},
+        {u"[x:%c]", u'A', u"A"},
+        {u"[x:%c]", u'\u00c8', u"\uffc8"},
+        {u"[x:%.1f]", u'A', u"65.0"},
         {u"[x:%c]", u'\u2041', u"A"},
     };
     expectFilled(rows);
@@ -550,7 +565,8 @@ TEST(stringTemplate, givesNothingForANullTextInEveryClass)
     for (const char16_t* text :
          {u"<<[x]>>", u"<<[x:%5s]>>", u"<<[x:%d]>>", u"<<[x:%f]>>", u"<<[x:%c]>>", u"<<[x:%S]>>"}) {
         stringTemplate made(text);
-        EXPECT_TRUE(made.insertValue(static_cast<const char16_t*>(nullptr), u"x")) << orlo::narrow(text);
+        EXPECT_TRUE(made.insertValue(static_cast<const char16_t*>(nullptr), u"x"))
+            << orlo::narrow(text);
         EXPECT_EQ(made.text(), u"<<>>") << orlo::narrow(text);
     }
 }
@@ -606,9 +622,12 @@ TEST(stringTemplate, leavesAPlaceOpenForAnIntWhoseTextIsEmpty)
         {u"<<[x:%S]>>", u"<<[x:%S]>>", u"<<>>", u"<<>>"},
         {u"<<%S>>", u"<<%S>>", u"<<>>", u"<<>>"},
         // More than 15 units never become a conversion, and there is no room for "%s" either.
-        {u"<<[x:%000000000000005d]>>", u"<<[x:%000000000000005d]>>", u"<<[x:%000000000000005d]>>", u"<<>>"},
-        {u"<<%000000000000005d>>", u"<<%000000000000005d>>", u"<<%000000000000005d>>", u"<<%000000000000005d>>"},
-        // Conversions without their letters are collected one behind the other, to the end of the text each.
+        {u"<<[x:%000000000000005d]>>", u"<<[x:%000000000000005d]>>", u"<<[x:%000000000000005d]>>",
+         u"<<>>"},
+        {u"<<%000000000000005d>>", u"<<%000000000000005d>>", u"<<%000000000000005d>>",
+         u"<<%000000000000005d>>"},
+        // Conversions without their letters are collected one behind the other, to the end of the
+        // text each.
         {u"[x:%1 %2 %3 %4]", u"[x:%1 %2 %3 %4]", u"[x:%1 %2 %3 %4]", u""},
     };
     for (const auto& row : rows) {
@@ -650,7 +669,8 @@ TEST(stringTemplate, survivesRandomTexts)
     static const std::u16string units = u"[[[]]]:::xx%%%%$$$112\\ *n.-+#0hlLdioxcsCSefgGE\u00e4";
     for (int round = 0; round < 20000; ++round) {
         string raw;
-        for (std::size_t length = random() % 30; length > 0; --length) raw.push_back(units[random() % units.size()]);
+        for (std::size_t length = random() % 30; length > 0; --length)
+            raw.push_back(units[random() % units.size()]);
         stringTemplate text(raw.c_str());
         const char16_t* const name = random() % 3 == 0 ? nullptr : u"x";
         const string before = text.text();

@@ -95,7 +95,8 @@ TEST(clockSystem, survivesTimesThatNobodyKnows)
     constexpr int lowest = std::numeric_limits<int>::min();
     for (const int extreme : {highest, lowest, -1}) {
         std::tm time{};
-        time.tm_year = time.tm_mon = time.tm_mday = time.tm_hour = time.tm_min = time.tm_sec = extreme;
+        time.tm_year = time.tm_mon = time.tm_mday = time.tm_hour = time.tm_min = time.tm_sec =
+            extreme;
         time.tm_wday = time.tm_yday = extreme;
         char text[128];
         EXPECT_LT(platform::formatTime(text, sizeof text, "%c", time), sizeof text);
@@ -113,7 +114,8 @@ TEST(clockSystem, formatsUnderTheCurrentLocale)
     std::tm time = universal(2024, 2, 29, 12, 30, 15);
     platform::secondsOf(time);
     char text[128];
-    const std::size_t length = platform::formatTime(text, sizeof text, "%Y-%m-%d %H:%M:%S %a %b", time);
+    const std::size_t length =
+        platform::formatTime(text, sizeof text, "%Y-%m-%d %H:%M:%S %a %b", time);
     EXPECT_EQ(std::string(text, length), "2024-02-29 12:30:15 Thu Feb");
     EXPECT_EQ(platform::formatTime(text, 5, "%Y-%m-%d", time), 0u);
 }

@@ -70,7 +70,8 @@ TEST_F(contentsSystemTest, opensNothingThatIsNotThere)
     makeFolder("folder");
     EXPECT_EQ(platform::openFile(path("missing"), platform::openMode::read), platform::noFile);
     EXPECT_FALSE(isThere("missing"));
-    EXPECT_EQ(platform::openFile(path("missing/file"), platform::openMode::write), platform::noFile);
+    EXPECT_EQ(platform::openFile(path("missing/file"), platform::openMode::write),
+              platform::noFile);
     EXPECT_EQ(platform::openFile(path("folder"), platform::openMode::write), platform::noFile);
     EXPECT_EQ(platform::openFile(u"", platform::openMode::read), platform::noFile);
     EXPECT_EQ(platform::openFile(u"", platform::openMode::write), platform::noFile);
@@ -84,7 +85,8 @@ TEST_F(contentsSystemTest, movesNothingAgainstTheModeOfTheFile)
     EXPECT_EQ(platform::writeFile(reading, &byte, 1), 0u);
     platform::closeFile(reading);
     EXPECT_EQ(content("file"), "kept");
-    const platform::fileHandle writing = platform::openFile(path("file"), platform::openMode::write);
+    const platform::fileHandle writing =
+        platform::openFile(path("file"), platform::openMode::write);
     EXPECT_EQ(platform::readFile(writing, &byte, 1), 0u);
     platform::closeFile(writing);
 }

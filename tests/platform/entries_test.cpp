@@ -12,12 +12,14 @@ protected:
     void protect(const std::filesystem::path& name) const
     {
         using std::filesystem::perms;
-        std::filesystem::permissions(native(name), perms::owner_read | perms::group_read | perms::others_read);
+        std::filesystem::permissions(native(name),
+                                     perms::owner_read | perms::group_read | perms::others_read);
     }
     [[nodiscard]] bool isProtected(const std::filesystem::path& name) const
     {
         using std::filesystem::perms;
-        return (std::filesystem::status(native(name)).permissions() & perms::owner_write) == perms::none;
+        return (std::filesystem::status(native(name)).permissions() & perms::owner_write) ==
+               perms::none;
     }
 };
 
@@ -64,7 +66,8 @@ TEST_F(entriesSystemTest, tellsKindSizeAndTime)
     ASSERT_TRUE(platform::queryStatus(path("file.txt"), found));
     EXPECT_EQ(found.mode & 16384u, 0u);
     EXPECT_EQ(found.size, 12);
-    EXPECT_NEAR(static_cast<double>(found.modificationTime), static_cast<double>(platform::now()), 100.0);
+    EXPECT_NEAR(static_cast<double>(found.modificationTime), static_cast<double>(platform::now()),
+                100.0);
     ASSERT_TRUE(platform::queryStatus(path("folder"), found));
     EXPECT_EQ(found.mode & 16384u, 16384u);
     EXPECT_FALSE(platform::queryStatus(path("missing"), found));
@@ -183,8 +186,8 @@ TEST_F(entriesSystemTest, replacesALongerTargetOrRefusesIt)
 TEST_F(entriesSystemTest, copiesTheProtectionAndTheTime)
 {
     put("source", "x");
-    std::filesystem::last_write_time(native("source"),
-                                     std::filesystem::file_time_type::clock::now() - std::chrono::hours(48));
+    std::filesystem::last_write_time(
+        native("source"), std::filesystem::file_time_type::clock::now() - std::chrono::hours(48));
     protect("source");
     ASSERT_TRUE(platform::copyFile(path("source"), path("target"), false));
     EXPECT_TRUE(isProtected("target"));
@@ -241,7 +244,8 @@ TEST_F(entriesSystemTest, countsRelativePathsFromTheCurrentDirectory)
     EXPECT_TRUE(platform::access(u".\\file", 0));
     EXPECT_TRUE(platform::access(drive + u"file", 0));
     EXPECT_TRUE(platform::access(drive + u".\\file", 0));
-    EXPECT_TRUE(platform::access(path("file").substr(2), 0)) << "from the root of the current drive";
+    EXPECT_TRUE(platform::access(path("file").substr(2), 0))
+        << "from the root of the current drive";
     EXPECT_FALSE(platform::access(u"\\file", 0));
     EXPECT_FALSE(platform::access(u"missing", 0));
     std::filesystem::current_path(before);

@@ -46,8 +46,10 @@ using nameSet = std::set<string>;
 
 TEST_F(searchesSystemTest, findsByPattern)
 {
-    for (const char* name : {"P1", "P1.xml", "P1.a.b", "P1x.xml", "P2.xml", "screen.png", "notes"}) put(name, "");
-    const nameSet all = {u"P1", u"P1.xml", u"P1.a.b", u"P1x.xml", u"P2.xml", u"screen.png", u"notes"};
+    for (const char* name : {"P1", "P1.xml", "P1.a.b", "P1x.xml", "P2.xml", "screen.png", "notes"})
+        put(name, "");
+    const nameSet all = {u"P1",     u"P1.xml",     u"P1.a.b", u"P1x.xml",
+                         u"P2.xml", u"screen.png", u"notes"};
     const struct {
         const char16_t* pattern;
         nameSet found;
@@ -153,7 +155,9 @@ TEST_F(searchesSystemTest, removesHitsOnceItHasMovedOn)
 // A search is for one directory; what its hits are called is another matter.
 TEST_F(searchesSystemTest, removesWhatThePathOfAHitNames)
 {
-    const auto findFiles = [this](const char16_t* pattern) { return directory(path("top")).findFiles(pattern, 0); };
+    const auto findFiles = [this](const char16_t* pattern) {
+        return directory(path("top")).findFiles(pattern, 0);
+    };
     makeFolder("top");
     makeFolder("top/below");
     put("top/below/a.x", "");

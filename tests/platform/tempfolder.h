@@ -33,8 +33,8 @@ protected:
     {
         static int number = 0;
         const auto ticks = std::chrono::steady_clock::now().time_since_epoch().count();
-        m_folder =
-            std::filesystem::temp_directory_path() / ("orlo-" + std::to_string(ticks) + "-" + std::to_string(++number));
+        m_folder = std::filesystem::temp_directory_path() /
+                   ("orlo-" + std::to_string(ticks) + "-" + std::to_string(++number));
         std::filesystem::create_directories(m_folder);
     }
     ~systemTest() override
@@ -43,15 +43,24 @@ protected:
         std::filesystem::remove_all(m_folder, ignored);
     }
 
-    [[nodiscard]] std::filesystem::path native(const std::filesystem::path& name) const { return m_folder / name; }
+    [[nodiscard]] std::filesystem::path native(const std::filesystem::path& name) const
+    {
+        return m_folder / name;
+    }
     // Path text of an entry of the folder.
-    [[nodiscard]] string path(const std::filesystem::path& name) const { return pathText(native(name)); }
+    [[nodiscard]] string path(const std::filesystem::path& name) const
+    {
+        return pathText(native(name));
+    }
 
     void put(const std::filesystem::path& name, const std::string& bytes) const
     {
         std::ofstream(native(name), std::ios::binary) << bytes;
     }
-    void makeFolder(const std::filesystem::path& name) const { std::filesystem::create_directory(native(name)); }
+    void makeFolder(const std::filesystem::path& name) const
+    {
+        std::filesystem::create_directory(native(name));
+    }
     [[nodiscard]] bool isThere(const std::filesystem::path& name) const
     {
         return std::filesystem::exists(std::filesystem::symlink_status(native(name)));

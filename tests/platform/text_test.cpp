@@ -32,7 +32,8 @@ TEST(textSystem, leavesAsciiAsItIsInEveryEncoding)
         ascii.push_back(byte);
         expected.push_back(static_cast<char16_t>(byte));
     }
-    for (const auto from : {platform::encoding::utf8, platform::encoding::ansi, platform::encoding::unmarked}) {
+    for (const auto from :
+         {platform::encoding::utf8, platform::encoding::ansi, platform::encoding::unmarked}) {
         EXPECT_EQ(decoded(from, ascii), expected);
     }
 }
@@ -51,7 +52,8 @@ TEST(textSystem, decodesTheSingleByteSet)
         {"\x81\x8D\x8F\x90\x9D", u"\x81\x8D\x8F\x90\x9D"},
         {"\xA0\xE4\xFF", u"\xA0\xE4\xFF"},
     };
-    for (const auto& row : rows) EXPECT_EQ(decoded(platform::encoding::ansi, row.bytes), string(row.units));
+    for (const auto& row : rows)
+        EXPECT_EQ(decoded(platform::encoding::ansi, row.bytes), string(row.units));
 }
 
 TEST(textSystem, encodesUtf8)
@@ -59,5 +61,6 @@ TEST(textSystem, encodesUtf8)
     const std::u16string units = {u'a', 0xFC, 0x20AC, 0xD83D, 0xDE00, 0xD83D};
     std::vector<char> bytes(3 * units.size());
     const std::size_t count = platform::encodeUtf8(units.data(), units.size(), bytes.data());
-    EXPECT_EQ(std::string(bytes.data(), count), "a\xC3\xBC\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD");
+    EXPECT_EQ(std::string(bytes.data(), count),
+              "a\xC3\xBC\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD");
 }

@@ -29,7 +29,8 @@ std::u16string unitsOf(char32_t codePoint)
 {
     if (codePoint < 0x10000) return {static_cast<char16_t>(codePoint)};
     const char32_t rest = codePoint - 0x10000;
-    return {static_cast<char16_t>(0xD800 | rest >> 10), static_cast<char16_t>(0xDC00 | (rest & 0x3FF))};
+    return {static_cast<char16_t>(0xD800 | rest >> 10),
+            static_cast<char16_t>(0xDC00 | (rest & 0x3FF))};
 }
 
 } // namespace
@@ -95,7 +96,8 @@ TEST(utf8codec, givesOneReplacementForEachMaximalPartOfABadSequence)
          u"c\uFFFD\uFFFD"
          u"d"},
     };
-    for (const auto& row : rows) EXPECT_EQ(decoded(row.bytes), string(row.units)) << testing::PrintToString(row.bytes);
+    for (const auto& row : rows)
+        EXPECT_EQ(decoded(row.bytes), string(row.units)) << testing::PrintToString(row.bytes);
 }
 
 TEST(utf8codec, encodesEachLoneSurrogateAsTheReplacement)
@@ -129,7 +131,8 @@ TEST(utf8codec, takesEveryCodePointThereAndBack)
     for (char32_t codePoint = 0; codePoint <= 0x10FFFF; ++codePoint) {
         if (codePoint >= 0xD800 && codePoint <= 0xDFFF) continue;
         const std::u16string units = unitsOf(codePoint);
-        ASSERT_EQ(decoded(encoded(units)), string(units.data(), units.size())) << std::hex << unsigned{codePoint};
+        ASSERT_EQ(decoded(encoded(units)), string(units.data(), units.size()))
+            << std::hex << unsigned{codePoint};
     }
 }
 
@@ -139,15 +142,18 @@ TEST(utf8codec, seesWhatInterruptsAnAsciiRunAtEveryPlace)
     static const struct {
         const char* bytes;
         const char16_t* units;
-    } interruptions[] = {{"\xC2\x80", u"\x80"}, {"\xE2\x82\xAC", u"\u20AC"}, {"\xF0\x9F\x98\x80", u"\U0001F600"}};
+    } interruptions[] = {
+        {"\xC2\x80", u"\x80"}, {"\xE2\x82\xAC", u"\u20AC"}, {"\xF0\x9F\x98\x80", u"\U0001F600"}};
 
     for (const auto& interruption : interruptions) {
         for (std::size_t before = 0; before <= 24; ++before) {
             for (std::size_t behind = 0; behind <= 17; ++behind) {
-                const std::string bytes = std::string(before, 'x') + interruption.bytes + std::string(behind, '~');
-                const std::u16string units =
-                    std::u16string(before, u'x') + interruption.units + std::u16string(behind, u'~');
-                ASSERT_EQ(decoded(bytes), string(units.data(), units.size())) << before << ' ' << behind;
+                const std::string bytes =
+                    std::string(before, 'x') + interruption.bytes + std::string(behind, '~');
+                const std::u16string units = std::u16string(before, u'x') + interruption.units +
+                                             std::u16string(behind, u'~');
+                ASSERT_EQ(decoded(bytes), string(units.data(), units.size()))
+                    << before << ' ' << behind;
                 ASSERT_EQ(encoded(units), bytes) << before << ' ' << behind;
             }
         }
@@ -179,7 +185,8 @@ TEST(utf8codec, readsASequenceOrItsLongestPart)
     };
     for (const auto& row : rows) {
         const std::string bytes = row.bytes;
-        const utf8Sequence read = readUtf8Sequence(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
+        const utf8Sequence read =
+            readUtf8Sequence(reinterpret_cast<const unsigned char*>(bytes.data()), bytes.size());
         EXPECT_EQ(read.codePoint, row.codePoint) << testing::PrintToString(bytes);
         EXPECT_EQ(read.length, row.length) << testing::PrintToString(bytes);
     }

@@ -43,14 +43,16 @@ std::vector<string> namesOf(std::u16string_view path)
 bool isAllowedName(const string& name)
 {
     return !name.empty() && std::none_of(name.begin(), name.end(), [](char16_t unit) {
-        return unit < u' ' || std::u16string_view(u"<>:\"|?*").find(unit) != std::u16string_view::npos;
+        return unit < u' ' ||
+               std::u16string_view(u"<>:\"|?*").find(unit) != std::u16string_view::npos;
     });
 }
 
 bool isWithin(const diskEntry& tree, const diskEntry& sought)
 {
-    return &tree == &sought || std::any_of(tree.children.begin(), tree.children.end(),
-                                           [&sought](const auto& item) { return isWithin(*item.second, sought); });
+    return &tree == &sought ||
+           std::any_of(tree.children.begin(), tree.children.end(),
+                       [&sought](const auto& item) { return isWithin(*item.second, sought); });
 }
 
 void listFiles(const diskEntry& directory, const string& path, std::vector<string>& files)
@@ -150,7 +152,8 @@ bool disk::rename(const string& from, const string& to)
     const place target = placeOf(to);
     const entryPointer entry = source.entry();
     const entryPointer there = target.entry();
-    if (!entry || entry->openCount > 0 || !target.canHoldNew() || isWithin(*entry, *target.parent)) return false;
+    if (!entry || entry->openCount > 0 || !target.canHoldNew() || isWithin(*entry, *target.parent))
+        return false;
     // Only a change of case finds the entry itself at the new name.
     if (there && there != entry) return false;
     detach(*source.parent, *entry);
@@ -220,15 +223,19 @@ bool matchesPattern(std::u16string_view pattern, std::u16string_view name)
     const std::u16string_view rest = pattern.substr(1);
     const bool atEnd = name.empty();
     switch (pattern[0]) {
-    case u'*': return matchesPattern(rest, name) || (!atEnd && matchesPattern(pattern, name.substr(1)));
+    case u'*':
+        return matchesPattern(rest, name) || (!atEnd && matchesPattern(pattern, name.substr(1)));
     case u'?': return matchesPattern(rest, atEnd || name[0] == u'.' ? name : name.substr(1));
     case u'.':
         // Before a wildcard the dot may stand for nothing at the end of a name.
-        if (atEnd) return !rest.empty() && (rest[0] == u'*' || rest[0] == u'?') && matchesPattern(rest, name);
+        if (atEnd)
+            return !rest.empty() && (rest[0] == u'*' || rest[0] == u'?') &&
+                   matchesPattern(rest, name);
         break;
     default: break;
     }
-    return !atEnd && lowerUnit(pattern[0]) == lowerUnit(name[0]) && matchesPattern(rest, name.substr(1));
+    return !atEnd && lowerUnit(pattern[0]) == lowerUnit(name[0]) &&
+           matchesPattern(rest, name.substr(1));
 }
 
 } // namespace orlo::tests

@@ -26,7 +26,7 @@ struct diskEntry {
     std::string bytes;
     int openCount = 0;
     std::map<std::uint64_t, std::shared_ptr<diskEntry>> children; // by number
-    std::map<string, std::uint64_t> numbers;                      // of the children, by lower-case name
+    std::map<string, std::uint64_t> numbers; // of the children, by lower-case name
 
     [[nodiscard]] bool isDirectory() const { return (attributes & subdirectory) != 0; }
     [[nodiscard]] bool isReadOnly() const { return (attributes & readOnly) != 0; }

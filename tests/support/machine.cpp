@@ -1,10 +1,10 @@
 #include "support/machine.h"
 
-#include "support/allocations.h"
-#include "support/disk.h"
 #include "orlounit.h"
 #include "platform/platform.h"
 #include "platform/utf8codec.h"
+#include "support/allocations.h"
+#include "support/disk.h"
 
 #include <algorithm>
 #include <array>
@@ -72,11 +72,14 @@ std::intptr_t newHandle()
 // takes of memory is not the program's.
 class observedCall {
 public:
-    explicit observedCall(const char* operation, const string& subject = string::emptyString()) : m_alone(guard())
+    explicit observedCall(const char* operation, const string& subject = string::emptyString())
+        : m_alone(guard())
     {
         machine::current().calls.push_back({operation, subject});
         for (fault& planned : internals().faults) {
-            if (planned.callsLeft == 0 || (!planned.operation.empty() && planned.operation != operation)) continue;
+            if (planned.callsLeft == 0 ||
+                (!planned.operation.empty() && planned.operation != operation))
+                continue;
             if (--planned.callsLeft == 0) m_fails = true;
         }
     }
@@ -114,12 +117,14 @@ entryPointer fileAt(const string& path)
 // A drive on which something was put is there.
 void provideDrive(const string& path)
 {
-    if (path.size() > 1 && path[1] == u':') machine::current().driveTypes.try_emplace(upperUnit(path[0]), 3);
+    if (path.size() > 1 && path[1] == u':')
+        machine::current().driveTypes.try_emplace(upperUnit(path[0]), 3);
 }
 
 // --- searches ---
 
-bool giveHit(const runningSearch& search, const string& name, std::uint32_t attributes, platform::searchHit& hit)
+bool giveHit(const runningSearch& search, const string& name, std::uint32_t attributes,
+             platform::searchHit& hit)
 {
     if (!matchesPattern(search.pattern, name)) return false;
     hit.name = name;
@@ -153,7 +158,8 @@ std::size_t transferred(std::size_t count, bool fails)
 openedFile* opened(platform::fileHandle handle, platform::openMode mode)
 {
     const auto found = internals().openFiles.find(handle);
-    return found == internals().openFiles.end() || found->second.mode != mode ? nullptr : &found->second;
+    return found == internals().openFiles.end() || found->second.mode != mode ? nullptr
+                                                                              : &found->second;
 }
 
 // Windows-1252; the five bytes without a character stand for the unit of the same value.
@@ -182,7 +188,8 @@ std::int64_t dayNumber(std::int64_t year, std::int64_t month, std::int64_t day)
     const std::int64_t century = (year >= 0 ? year : year - 399) / 400;
     const std::int64_t yearOfCentury = year - century * 400;
     const std::int64_t dayOfYear = (153 * monthOfYear + 2) / 5 + day - 1;
-    return century * 146097 + yearOfCentury * 365 + yearOfCentury / 4 - yearOfCentury / 100 + dayOfYear - 719468;
+    return century * 146097 + yearOfCentury * 365 + yearOfCentury / 4 - yearOfCentury / 100 +
+           dayOfYear - 719468;
 }
 
 std::tm brokenDown(std::int64_t seconds)
@@ -212,9 +219,10 @@ std::string plainTimeText(const std::tm& time)
     static constexpr const char* months[] = {"Jan", "Feb", "Mar", "Apr", "May", "Jun",
                                              "Jul", "Aug", "Sep", "Oct", "Nov", "Dec"};
     char text[128];
-    std::snprintf(text, sizeof text, "%s %s %2d %02d:%02d:%02d %d", days[static_cast<unsigned>(time.tm_wday) % 7],
-                  months[static_cast<unsigned>(time.tm_mon) % 12], time.tm_mday, time.tm_hour, time.tm_min, time.tm_sec,
-                  time.tm_year + 1900);
+    std::snprintf(text, sizeof text, "%s %s %2d %02d:%02d:%02d %d",
+                  days[static_cast<unsigned>(time.tm_wday) % 7],
+                  months[static_cast<unsigned>(time.tm_mon) % 12], time.tm_mday, time.tm_hour,
+                  time.tm_min, time.tm_sec, time.tm_year + 1900);
     return text;
 }
 
@@ -226,7 +234,8 @@ public:
     void lock()
     {
         std::unique_lock alone(m_state);
-        m_free.wait(alone, [this] { return m_depth == 0 || m_owner == std::this_thread::get_id(); });
+        m_free.wait(alone,
+                    [this] { return m_depth == 0 || m_owner == std::this_thread::get_id(); });
         m_owner = std::this_thread::get_id();
         ++m_depth;
     }
@@ -339,8 +348,9 @@ std::vector<string> machine::boxTexts() const
 
 std::size_t machine::countCalls(const std::string& operation) const
 {
-    return static_cast<std::size_t>(std::count_if(
-        calls.begin(), calls.end(), [&operation](const seamCall& call) { return call.operation == operation; }));
+    return static_cast<std::size_t>(
+        std::count_if(calls.begin(), calls.end(),
+                      [&operation](const seamCall& call) { return call.operation == operation; }));
 }
 
 void machine::failCall(const std::string& operation, std::size_t nth)
@@ -351,7 +361,8 @@ void machine::failCall(const std::string& operation, std::size_t nth)
 bool machine::faultsPending() const
 {
     const auto& faults = internals().faults;
-    return std::any_of(faults.begin(), faults.end(), [](const fault& planned) { return planned.callsLeft > 0; });
+    return std::any_of(faults.begin(), faults.end(),
+                       [](const fault& planned) { return planned.callsLeft > 0; });
 }
 
 std::size_t machine::openHandles() const
@@ -381,8 +392,11 @@ bool queryStatus(const string& path, status& out)
     const entryPointer entry = entryAt(path);
     if (call.fails() || !entry) return false;
     const std::uint32_t kind = entry->isDirectory() ? 040000 : 0100000;
-    const std::uint32_t permission = entry->isDirectory() ? 0777 : entry->isReadOnly() ? 0444 : 0666;
-    out = {kind | permission, static_cast<std::int64_t>(entry->bytes.size()), entry->modificationTime};
+    const std::uint32_t permission = entry->isDirectory()  ? 0777
+                                     : entry->isReadOnly() ? 0444
+                                                           : 0666;
+    out = {kind | permission, static_cast<std::int64_t>(entry->bytes.size()),
+           entry->modificationTime};
     return true;
 }
 
@@ -391,7 +405,8 @@ bool createFile(const string& path, std::uint32_t permission)
     const observedCall call("createFile", path);
     if (call.fails() || path.empty()) return false;
     const bool isNew = !entryAt(path);
-    const entryPointer entry = internals().entries.emptiedFile(absolutePath(path), machine::current().clock);
+    const entryPointer entry =
+        internals().entries.emptiedFile(absolutePath(path), machine::current().clock);
     if (!entry) return false;
     if (isNew && (permission & 128) == 0) entry->attributes |= diskEntry::readOnly;
     return true;
@@ -465,9 +480,10 @@ fileHandle openFile(const string& path, openMode mode)
 {
     const observedCall call("openFile", path);
     if (call.fails() || path.empty()) return noFile;
-    const entryPointer entry = mode == openMode::read
-                                   ? fileAt(path)
-                                   : internals().entries.emptiedFile(absolutePath(path), machine::current().clock);
+    const entryPointer entry =
+        mode == openMode::read
+            ? fileAt(path)
+            : internals().entries.emptiedFile(absolutePath(path), machine::current().clock);
     if (!entry) return noFile;
     ++entry->openCount;
     const fileHandle handle = newHandle();
@@ -552,8 +568,9 @@ bool environmentVariable(const char16_t* name, string& value)
     const string sought = string(name).lowerCopy(); // before `value` goes, which may hold the name
     value.clear();
     const auto& variables = machine::current().environment;
-    const auto found = std::find_if(variables.begin(), variables.end(),
-                                    [&sought](const auto& item) { return item.first.lowerCopy() == sought; });
+    const auto found =
+        std::find_if(variables.begin(), variables.end(),
+                     [&sought](const auto& item) { return item.first.lowerCopy() == sought; });
     if (call.fails() || found == variables.end()) return false;
     value = found->second;
     return true;
@@ -671,7 +688,8 @@ std::int64_t now()
 std::int64_t secondsOf(std::tm& universal)
 {
     const observedCall call("secondsOf");
-    const std::int64_t day = dayNumber(universal.tm_year + std::int64_t{1900}, universal.tm_mon, universal.tm_mday);
+    const std::int64_t day =
+        dayNumber(universal.tm_year + std::int64_t{1900}, universal.tm_mon, universal.tm_mday);
     const std::int64_t seconds = day * secondsOfDay + universal.tm_hour * std::int64_t{3600} +
                                  universal.tm_min * std::int64_t{60} + universal.tm_sec;
     if (call.fails() || seconds < 0 || seconds > lastSecond) return -1;
@@ -711,7 +729,8 @@ std::size_t formatTime(char* buffer, std::size_t size, const char* format, const
     const observedCall call("formatTime");
     if (call.fails()) return 0;
     const std::string& prepared = machine::current().timeText;
-    if (prepared.empty() && std::strcmp(format, "%c") != 0) return std::strftime(buffer, size, format, &time);
+    if (prepared.empty() && std::strcmp(format, "%c") != 0)
+        return std::strftime(buffer, size, format, &time);
     const std::string text = prepared.empty() ? plainTimeText(time) : prepared;
     if (text.size() >= size) return 0;
     std::memcpy(buffer, text.c_str(), text.size() + 1);
@@ -725,12 +744,14 @@ string timeText(const char* formatted)
 
 bool userDecimalSeparator(string& separator)
 {
-    return giveSeparator(observedCall("userDecimalSeparator"), machine::current().userSeparator, separator);
+    return giveSeparator(observedCall("userDecimalSeparator"), machine::current().userSeparator,
+                         separator);
 }
 
 bool systemDecimalSeparator(string& separator)
 {
-    return giveSeparator(observedCall("systemDecimalSeparator"), machine::current().systemSeparator, separator);
+    return giveSeparator(observedCall("systemDecimalSeparator"), machine::current().systemSeparator,
+                         separator);
 }
 
 } // namespace orlo::platform

@@ -34,8 +34,9 @@ struct machine {
     static machine& renew();
 
     // --- contents ---
-    void addDirectory(const string& path);                                                    // with its parents
-    void addFile(const string& path, const std::string& bytes, std::uint32_t attributes = 0); // parents too
+    void addDirectory(const string& path); // with its parents
+    void addFile(const string& path, const std::string& bytes,
+                 std::uint32_t attributes = 0); // parents too
     [[nodiscard]] bool hasFile(const string& path) const;
     [[nodiscard]] bool hasDirectory(const string& path) const;
     [[nodiscard]] std::string content(const string& path) const;      // empty if missing
@@ -45,16 +46,19 @@ struct machine {
     [[nodiscard]] std::vector<string> files() const;
 
     // --- surroundings ---
-    string workingDirectory = u"C:\\work"; // currentDirectory fails where it has more than 259 units
+    string workingDirectory =
+        u"C:\\work"; // currentDirectory fails where it has more than 259 units
     int drive = 3;
-    std::map<char16_t, unsigned> driveTypes{{u'C', 3}}; // by upper-case letter; missing ones answer 1
-    std::map<string, string> environment;               // names without regard to ASCII case
-    std::map<string, string> modules{{u"", u"C:\\tool\\bin\\tavenMorrel.exe"}}; // name to path; "" is the executable
+    std::map<char16_t, unsigned> driveTypes{
+        {u'C', 3}};                       // by upper-case letter; missing ones answer 1
+    std::map<string, string> environment; // names without regard to ASCII case
+    std::map<string, string> modules{
+        {u"", u"C:\\tool\\bin\\tavenMorrel.exe"}}; // name to path; "" is the executable
     std::int64_t clock = 1709640000;
     std::int64_t timeZoneOffset = 0;                       // seconds east of universal time
     string timeLocale = u"C";                              // the current LC_TIME
     string userTimeLocale = u"English_United States.1252"; // what the empty name stands for
-    std::string timeText;                                  // what formatTime gives; empty: "%c" of the "C" locale
+    std::string timeText; // what formatTime gives; empty: "%c" of the "C" locale
     string userSeparator = u".";
     string systemSeparator = u".";
 

@@ -93,11 +93,11 @@ TEST_F(machineTest, knowsNamesWithoutRegardToAsciiCase)
 TEST_F(machineTest, resolvesPaths)
 {
     here.addFile(u"C:\\work\\sub\\f", "");
-    for (const char16_t* path :
-         {u"sub\\f", u".\\sub\\.\\f", u"sub\\..\\sub/f", u"\\work\\sub\\f", u"C:\\..\\work\\sub\\f"})
+    for (const char16_t* path : {u"sub\\f", u".\\sub\\.\\f", u"sub\\..\\sub/f", u"\\work\\sub\\f",
+                                 u"C:\\..\\work\\sub\\f"})
         EXPECT_TRUE(platform::access(path, 0)) << narrow(string(path));
-    for (const char16_t* path :
-         {u"", u"f", u"sub\\f\\", u"D:\\work\\sub\\f", u"sub\\f\\g", u"\\\\work\\sub\\f", u"sub\\*"})
+    for (const char16_t* path : {u"", u"f", u"sub\\f\\", u"D:\\work\\sub\\f", u"sub\\f\\g",
+                                 u"\\\\work\\sub\\f", u"sub\\*"})
         EXPECT_FALSE(platform::access(path, 0)) << narrow(string(path));
     EXPECT_TRUE(platform::access(u"sub\\", 0));
     EXPECT_TRUE(platform::access(u"C:\\", 0));
@@ -135,9 +135,11 @@ TEST_F(machineTest, makesFilesOnlyWhereADirectoryIs)
     EXPECT_TRUE(platform::createFile(u"f", 128));
     EXPECT_TRUE(platform::createFile(u"r", 256));
     EXPECT_FALSE(platform::access(u"r", 2));
-    for (const char16_t* path : {u"", u"missing\\f", u"C:\\work", u"g\\", u"a*b", u"a:b", u"Q:\\f"}) {
+    for (const char16_t* path :
+         {u"", u"missing\\f", u"C:\\work", u"g\\", u"a*b", u"a:b", u"Q:\\f"}) {
         EXPECT_FALSE(platform::createFile(path, 128)) << narrow(string(path));
-        EXPECT_EQ(platform::openFile(path, platform::openMode::write), platform::noFile) << narrow(string(path));
+        EXPECT_EQ(platform::openFile(path, platform::openMode::write), platform::noFile)
+            << narrow(string(path));
     }
 }
 
@@ -434,11 +436,15 @@ TEST_F(machineTest, turnsDaysIntoSecondsAndBack)
         return fields;
     };
     const row rows[] = {
-        {time(1970, 1, 1, 0, 0, 0), 0},           {time(2000, 2, 29, 0, 0, 0), 951782400},
-        {time(2024, 3, 5, 12, 0, 0), 1709640000}, {time(2024, 2, 30, 0, 0, 0), 1709251200}, // the first of March
-        {time(2023, 13, 1, 0, 0, 0), 1704067200},                                           // the next January
-        {time(2024, 1, 0, 24, 0, 0), 1704067200}, {time(2024, 1, 1, 0, -1, 60), 1704067200},
-        {time(1969, 12, 31, 23, 59, 59), -1},     {time(3000, 12, 31, 23, 59, 59), 32535215999},
+        {time(1970, 1, 1, 0, 0, 0), 0},
+        {time(2000, 2, 29, 0, 0, 0), 951782400},
+        {time(2024, 3, 5, 12, 0, 0), 1709640000},
+        {time(2024, 2, 30, 0, 0, 0), 1709251200}, // the first of March
+        {time(2023, 13, 1, 0, 0, 0), 1704067200}, // the next January
+        {time(2024, 1, 0, 24, 0, 0), 1704067200},
+        {time(2024, 1, 1, 0, -1, 60), 1704067200},
+        {time(1969, 12, 31, 23, 59, 59), -1},
+        {time(3000, 12, 31, 23, 59, 59), 32535215999},
         {time(3001, 1, 1, 0, 0, 0), -1},
     };
     for (row row : rows) {
@@ -565,7 +571,10 @@ TEST_F(machineTest, canFailEveryCallThatCanTellIt)
         {"modulePath", [&] { return platform::modulePath(nullptr, wide, 8) == 8; }},
         {"processId", [&] { return platform::processId() != 0; }},
         {"enumerateWindows",
-         [&] { return platform::enumerateWindows([](platform::window, void*) { return true; }, nullptr); }},
+         [&] {
+             return platform::enumerateWindows([](platform::window, void*) { return true; },
+                                               nullptr);
+         }},
         {"windowProcess", [&] { return platform::windowProcess(window) == 1; }},
         {"parentWindow", [&] { return platform::parentWindow(window) != nullptr; }},
         {"lastActivePopup", [&] { return platform::lastActivePopup(window) != nullptr; }},

@@ -85,7 +85,8 @@ TEST(string, equalMeansSameLengthAndSameUnits)
 
 TEST(string, ordersByUnsignedUnitAndPutsThePrefixFirst)
 {
-    static const char16_t* const ascending[] = {u"", u"A", u"AB", u"B", u"a", u"aa", u"\u00e4", u"\xd800", u"\uffff"};
+    static const char16_t* const ascending[] = {u"",   u"A",      u"AB",     u"B",     u"a",
+                                                u"aa", u"\u00e4", u"\xd800", u"\uffff"};
     for (std::size_t n = 1; n < std::size(ascending); ++n) {
         EXPECT_LT(string(ascending[n - 1]), string(ascending[n])) << n;
         EXPECT_FALSE(string(ascending[n]) < string(ascending[n - 1])) << n;
@@ -178,7 +179,8 @@ TEST(string, replacesFromLeftToRightAndNotWithinWhatItPutIn)
         {u"x&y&", u"&", u"&amp;", u"x&amp;y&amp;"},
     };
     for (const auto& row : rows) {
-        EXPECT_EQ(string(row.text).replaceAll(row.from, row.to), row.expected) << orlo::narrow(row.text);
+        EXPECT_EQ(string(row.text).replaceAll(row.from, row.to), row.expected)
+            << orlo::narrow(row.text);
     }
 }
 
@@ -204,7 +206,8 @@ TEST(string, replacesAsASearchInPlaceDoes)
         const string from = word(3);
         const string to = word(3);
         string expected = text;
-        for (std::size_t at = 0; !from.empty() && (at = expected.find(from, at)) != string::npos; at += to.size()) {
+        for (std::size_t at = 0; !from.empty() && (at = expected.find(from, at)) != string::npos;
+             at += to.size()) {
             expected.std::u16string::replace(at, from.size(), to);
         }
         ASSERT_EQ(string(text).replaceAll(from, to), expected)
@@ -245,7 +248,8 @@ TEST(string, splitsAtEachDelimiterOrAtTheFirstOnly)
     };
     for (const auto& row : rows) {
         pieces found{u"from before"};
-        EXPECT_TRUE(string(row.text).split(row.delimiter, found, row.firstOnly)) << orlo::narrow(row.text);
+        EXPECT_TRUE(string(row.text).split(row.delimiter, found, row.firstOnly))
+            << orlo::narrow(row.text);
         EXPECT_EQ(found, row.expected) << orlo::narrow(row.text);
     }
 }
@@ -272,8 +276,10 @@ TEST(string, splitsOneOfItsOwnPieces)
 
 TEST(string, changesTheCaseOfAsciiLettersAlone)
 {
-    EXPECT_EQ(string(u"Axis-Z 09 \u00c4\u00e4\U0001f600[`{@").toLower(), u"axis-z 09 \u00c4\u00e4\U0001f600[`{@");
-    EXPECT_EQ(string(u"Axis-Z 09 \u00c4\u00e4\U0001f600[`{@").toUpper(), u"AXIS-Z 09 \u00c4\u00e4\U0001f600[`{@");
+    EXPECT_EQ(string(u"Axis-Z 09 \u00c4\u00e4\U0001f600[`{@").toLower(),
+              u"axis-z 09 \u00c4\u00e4\U0001f600[`{@");
+    EXPECT_EQ(string(u"Axis-Z 09 \u00c4\u00e4\U0001f600[`{@").toUpper(),
+              u"AXIS-Z 09 \u00c4\u00e4\U0001f600[`{@");
 }
 
 TEST(string, lowerCopyLeavesTheTextAsItIs)
@@ -304,14 +310,19 @@ TEST(string, emptyStringIsOneObjectForAllThreads)
     std::vector<std::thread> threads;
     for (auto& slot : seen) threads.emplace_back([&slot] { slot = &string::emptyString(); });
     for (auto& thread : threads) thread.join();
-    EXPECT_TRUE(std::all_of(seen.begin(), seen.end(), [here](const string* other) { return other == here; }));
+    EXPECT_TRUE(std::all_of(seen.begin(), seen.end(),
+                            [here](const string* other) { return other == here; }));
 }
 
 TEST(string, membersThatChangeItCanBeChained)
 {
     string text(u"  A,B,C  ");
     EXPECT_EQ(&text.trimLeft(u" "), &text);
-    EXPECT_EQ(text.trimRight(u' ').replaceAll(u",", u"--").removeChars(u"B").replaceChar(u'-', u'+').toLower(),
+    EXPECT_EQ(text.trimRight(u' ')
+                  .replaceAll(u",", u"--")
+                  .removeChars(u"B")
+                  .replaceChar(u'-', u'+')
+                  .toLower(),
               u"a++++c");
 }
 
@@ -356,7 +367,8 @@ TEST(string, positionsBehindTheEndAreOutOfRange)
     expectFailure<std::out_of_range>([&] { text.replace(4, 1, u"x"); }, message);
     expectFailure<std::out_of_range>([&] { static_cast<void>(text.substr(4)); }, message);
     expectFailure<std::out_of_range>([&] { static_cast<void>(text.at(3)); }, message);
-    expectFailure<std::out_of_range>([&] { static_cast<void>(std::as_const(text).at(3)); }, message);
+    expectFailure<std::out_of_range>([&] { static_cast<void>(std::as_const(text).at(3)); },
+                                     message);
     EXPECT_EQ(text, u"abc");
     EXPECT_EQ(text.insert(3, u"d").erase(4), u"abcd");
 }
@@ -365,8 +377,10 @@ TEST(string, cannotGrowPastItsLimit)
 {
     EXPECT_EQ(string::maxLength, 0x7ffffffffffffffeu);
     string text(u"abc");
-    expectFailure<std::length_error>([&] { text.resize(string::maxLength + 1); }, "string too long");
-    expectFailure<std::length_error>([&] { text.reserve(string::maxLength + 1); }, "string too long");
+    expectFailure<std::length_error>([&] { text.resize(string::maxLength + 1); },
+                                     "string too long");
+    expectFailure<std::length_error>([&] { text.reserve(string::maxLength + 1); },
+                                     "string too long");
     EXPECT_EQ(text, u"abc");
 }
 

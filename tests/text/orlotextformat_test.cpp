@@ -59,7 +59,8 @@ TEST(formatText, copiesOrdinaryTextAndOnePercentSignOfTwo)
 TEST(formatText, takesTheArgumentsInTheirOrder)
 {
     EXPECT_EQ(format(u"%04d/%02d/%02d", {2024, 3, 5}), u"2024/03/05");
-    EXPECT_EQ(format(u"File \"%s\" has %d lines (%c)", {u"a.xml", 7, u'x'}), u"File \"a.xml\" has 7 lines (x)");
+    EXPECT_EQ(format(u"File \"%s\" has %d lines (%c)", {u"a.xml", 7, u'x'}),
+              u"File \"a.xml\" has 7 lines (x)");
     EXPECT_EQ(format(u"%d", {1, 2, 3}), u"1");
 }
 
@@ -83,12 +84,14 @@ TEST(formatText, readsNothingThatWasNotPassed)
         const char16_t* text;
         const char16_t* expected;
     } rows[] = {
-        {u"[%*d]", u"[7]"},  {u"[%.*d]", u"[7]"},   {u"[%*.*d]", u"[7]"}, {u"[%n]", u"[]"},     {u"[%n%d]", u"[7]"},
-        {u"[%hld]", u"[7]"}, {u"[%lhd]", u"[7]"},   {u"[%llld]", u"[7]"}, {u"[%hhhd]", u"[7]"}, {u"[%", u"["},
-        {u"[%5", u"["},      {u"[%5.", u"["},       {u"[%-+ #0", u"["},   {u"[%ll", u"["},      {u"[%k%d]", u"[7]"},
-        {u"[%p]", u"[]"},    {u"[%\u00e4]", u"[]"},
+        {u"[%*d]", u"[7]"},    {u"[%.*d]", u"[7]"}, {u"[%*.*d]", u"[7]"}, {u"[%n]", u"[]"},
+        {u"[%n%d]", u"[7]"},   {u"[%hld]", u"[7]"}, {u"[%lhd]", u"[7]"},  {u"[%llld]", u"[7]"},
+        {u"[%hhhd]", u"[7]"},  {u"[%", u"["},       {u"[%5", u"["},       {u"[%5.", u"["},
+        {u"[%-+ #0", u"["},    {u"[%ll", u"["},     {u"[%k%d]", u"[7]"},  {u"[%p]", u"[]"},
+        {u"[%\u00e4]", u"[]"},
     };
-    for (const auto& row : rows) EXPECT_EQ(format(row.text, {7}), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(format(row.text, {7}), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(formatText, survivesPositionsOfArguments)
@@ -151,7 +154,8 @@ TEST(formatText, printsIntegersByTheirLength)
         {u"%d", u'\uffff', u"65535"},
         {u"%d", u"12", u"0"},
     };
-    for (const auto& row : rows) EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(formatText, placesIntegersInTheirField)
@@ -161,13 +165,17 @@ TEST(formatText, placesIntegersInTheirField)
         int value;
         const char16_t* expected;
     } rows[] = {
-        {u"[%5d]", 42, u"[   42]"},      {u"[%-5d]", 42, u"[42   ]"},     {u"[%05d]", -42, u"[-0042]"},
-        {u"[%-05d]", 42, u"[42   ]"},    {u"[%+d]", 42, u"[+42]"},        {u"[% d]", 42, u"[ 42]"},
-        {u"[%+ d]", 42, u"[+42]"},       {u"[%.4d]", -42, u"[-0042]"},    {u"[%7.4d]", 42, u"[   0042]"},
-        {u"[%07.4d]", 42, u"[   0042]"}, {u"[%#8x]", 255, u"[    0xff]"}, {u"[%#08x]", 255, u"[0x0000ff]"},
-        {u"[%2d]", 12345, u"[12345]"},   {u"[%+u]", 5, u"[5]"},           {u"[%03d]", 7, u"[007]"},
+        {u"[%5d]", 42, u"[   42]"},      {u"[%-5d]", 42, u"[42   ]"},
+        {u"[%05d]", -42, u"[-0042]"},    {u"[%-05d]", 42, u"[42   ]"},
+        {u"[%+d]", 42, u"[+42]"},        {u"[% d]", 42, u"[ 42]"},
+        {u"[%+ d]", 42, u"[+42]"},       {u"[%.4d]", -42, u"[-0042]"},
+        {u"[%7.4d]", 42, u"[   0042]"},  {u"[%07.4d]", 42, u"[   0042]"},
+        {u"[%#8x]", 255, u"[    0xff]"}, {u"[%#08x]", 255, u"[0x0000ff]"},
+        {u"[%2d]", 12345, u"[12345]"},   {u"[%+u]", 5, u"[5]"},
+        {u"[%03d]", 7, u"[007]"},
     };
-    for (const auto& row : rows) EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(formatText, cutsADoubleTowardsZeroForAnInteger)
@@ -176,12 +184,14 @@ TEST(formatText, cutsADoubleTowardsZeroForAnInteger)
         double value;
         const char16_t* expected;
     } rows[] = {
-        {1.9, u"1"}, {-1.9, u"-1"}, {2147483648.0, u"-2147483648"}, {4294967296.0 + 5, u"5"}, {-0.5, u"0"},
+        {1.9, u"1"},  {-1.9, u"-1"}, {2147483648.0, u"-2147483648"}, {4294967296.0 + 5, u"5"},
+        {-0.5, u"0"},
     };
     for (const auto& row : rows) EXPECT_EQ(format(u"%d", {row.value}), row.expected) << row.value;
     EXPECT_EQ(format(u"%x", {-1.0}), u"ffffffff");
     for (const double value : {notANumber, infinity, -infinity, 1e300, 9223372036854775808.0}) {
-        EXPECT_EQ(format(u"%d", {value}), u"0") << value; // the low 32 bits of the processor's answer
+        EXPECT_EQ(format(u"%d", {value}), u"0")
+            << value; // the low 32 bits of the processor's answer
     }
 }
 
@@ -208,10 +218,12 @@ TEST(formatText, agreesWithPrintfOnRandomIntegers)
         const auto bits = static_cast<long long>(random() >> (random() % 64));
         const string text = wide(form);
         if (length == 3) {
-            ASSERT_EQ(format(text.c_str(), {bits}), printed(form, bits)) << form << " seed " << seed;
+            ASSERT_EQ(format(text.c_str(), {bits}), printed(form, bits))
+                << form << " seed " << seed;
         } else {
             const int value = static_cast<int>(bits);
-            ASSERT_EQ(format(text.c_str(), {value}), printed(form, value)) << form << " " << value << " seed " << seed;
+            ASSERT_EQ(format(text.c_str(), {value}), printed(form, value))
+                << form << " " << value << " seed " << seed;
         }
     }
 }
@@ -257,7 +269,8 @@ TEST(formatText, printsFloatingPointInEachForm)
         {u"%f", u'\3', u"3.000000"},
         {u"%f", u"text", u"0.000000"},
     };
-    for (const auto& row : rows) EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(formatText, printsDecimalsBeyondAllThatADoubleHas)
@@ -280,7 +293,10 @@ double randomDouble(std::mt19937_64& random)
     case 0: std::memcpy(&value, &bits, sizeof value); break;
     case 1: value = static_cast<double>(static_cast<std::int64_t>(bits) % 2000000) / 1000; break;
     case 2: value = static_cast<double>(static_cast<std::int64_t>(bits) % 1000); break;
-    default: value = std::ldexp(static_cast<double>(bits % 1024), static_cast<int>(bits >> 32) % 60 - 30); break;
+    default:
+        value =
+            std::ldexp(static_cast<double>(bits % 1024), static_cast<int>(bits >> 32) % 60 - 30);
+        break;
     }
     return std::isnan(value) ? 0.5 : value;
 }
@@ -333,7 +349,8 @@ TEST(formatText, placesTextsInTheirField)
         {u"[%c]", static_cast<const char16_t*>(nullptr), u"[]"},
         {u"[%s]", 5, u"[]"},
     };
-    for (const auto& row : rows) EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
 }
 
 TEST(formatText, takesTheTextOfAString)
@@ -355,11 +372,21 @@ TEST(formatText, printsOneUnit)
         formatArgument value;
         const char16_t* expected;
     } rows[] = {
-        {u"%c", 65, u"A"},         {u"%c", 200, u"\uffc8"},   {u"%c", 256 + 65, u"A"},       {u"%c", 65.9, u"A"},
-        {u"%c", 200.0, u"\u00c8"}, {u"%c", -1, u"\uffff"},    {u"%c", u'\u20ac', u"\u20ac"}, {u"%c", u"text", u"t"},
-        {u"%3c|", u'x', u"  x|"},  {u"%-3c|", u'x', u"x  |"}, {u"%C", u'x', u"x"},           {u"%lc", u'x', u"x"},
+        {u"%c", 65, u"A"},
+        {u"%c", 200, u"\uffc8"},
+        {u"%c", 256 + 65, u"A"},
+        {u"%c", 65.9, u"A"},
+        {u"%c", 200.0, u"\u00c8"},
+        {u"%c", -1, u"\uffff"},
+        {u"%c", u'\u20ac', u"\u20ac"},
+        {u"%c", u"text", u"t"},
+        {u"%3c|", u'x', u"  x|"},
+        {u"%-3c|", u'x', u"x  |"},
+        {u"%C", u'x', u"x"},
+        {u"%lc", u'x', u"x"},
     };
-    for (const auto& row : rows) EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(format(row.text, {row.value}), row.expected) << orlo::narrow(row.text);
     EXPECT_EQ(format(u"a%cb", {0}), string(u"a\0b", 3));
 }
 
@@ -378,11 +405,13 @@ TEST(formatText, writesNoMoreThanTheBufferHolds)
         int result;
         const char16_t* written; // with a "0" for the terminator
     } rows[] = {
-        {7, 5, u"ab123\0##"}, {6, 5, u"ab123\0#"}, {5, 5, u"ab123#"}, {4, -1, u"ab12#"}, {1, -1, u"a#"}, {0, -1, u"#"},
+        {7, 5, u"ab123\0##"}, {6, 5, u"ab123\0#"}, {5, 5, u"ab123#"},
+        {4, -1, u"ab12#"},    {1, -1, u"a#"},      {0, -1, u"#"},
     };
     for (const auto& row : rows) {
         string written;
-        EXPECT_EQ(formatBounded(row.capacity, written, u"a%s%d", {u"b", 123}), row.result) << row.capacity;
+        EXPECT_EQ(formatBounded(row.capacity, written, u"a%s%d", {u"b", 123}), row.result)
+            << row.capacity;
         EXPECT_EQ(written, string(row.written, row.capacity + 1)) << row.capacity;
     }
 }
@@ -407,7 +436,8 @@ TEST(formatText, stopsAtTheEndOfTheBufferHoweverLongTheTextWouldBe)
 string fixedText(double value, int precision)
 {
     std::u16string room(350 + static_cast<std::size_t>(precision), u'#');
-    return {room.data(), static_cast<std::size_t>(orlo::printFixed(room.data(), value, precision) - room.data())};
+    return {room.data(), static_cast<std::size_t>(orlo::printFixed(room.data(), value, precision) -
+                                                  room.data())};
 }
 
 string numberText(double value)
@@ -435,7 +465,8 @@ TEST(printFixed, writesAllDecimals)
         {std::copysign(notANumber, -1.0), 8, u"-nan"},
         {1.0, 10, u"1.0000000000"},
     };
-    for (const auto& row : rows) EXPECT_EQ(fixedText(row.value, row.precision), row.text) << row.value;
+    for (const auto& row : rows)
+        EXPECT_EQ(fixedText(row.value, row.precision), row.text) << row.value;
     EXPECT_EQ(fixedText(1.0, 3000), u"1." + string(std::u16string(3000, u'0')));
     EXPECT_EQ(fixedText(std::numeric_limits<double>::max(), 2).size(), 309 + 3u);
     EXPECT_EQ(fixedText(infinity, 3000), u"inf");
@@ -449,7 +480,8 @@ TEST(printFixed, agreesWithPrintfOnRandomDoubles)
         const double value = randomDouble(random);
         if (std::isinf(value)) continue;
         const int precision = static_cast<int>(random() % 20);
-        ASSERT_EQ(fixedText(value, precision), printed("%." + std::to_string(precision) + "f", value))
+        ASSERT_EQ(fixedText(value, precision),
+                  printed("%." + std::to_string(precision) + "f", value))
             << value << " seed " << seed;
     }
 }
@@ -520,7 +552,8 @@ TEST(scanLong, readsWhatStandsInFrontAndStopsAtTheLimits)
 
 TEST(scanLong, leavesTheValueWhereNoNumberStands)
 {
-    for (const char16_t* text : {u"", u" ", u"abc", u"-", u"+", u"- 5", u"+-5", u"--5", u".5", u"\u0661", u"\u00a05"}) {
+    for (const char16_t* text :
+         {u"", u" ", u"abc", u"-", u"+", u"- 5", u"+-5", u"--5", u".5", u"\u0661", u"\u00a05"}) {
         std::int32_t whole = 77;
         std::uint32_t unsignedWhole = 77;
         std::uint64_t wide64 = 77;
@@ -599,7 +632,8 @@ TEST(scanIntegers, countsTheFieldsItRead)
     };
     for (const auto& row : rows) {
         std::array<std::int32_t, 3> fields{-9, -9, -9};
-        EXPECT_EQ(orlo::scanIntegers(row.text, row.format, fields), row.count) << orlo::narrow(row.text);
+        EXPECT_EQ(orlo::scanIntegers(row.text, row.format, fields), row.count)
+            << orlo::narrow(row.text);
         EXPECT_EQ(fields, row.fields) << orlo::narrow(row.text);
     }
 }
@@ -628,7 +662,8 @@ TEST(scanHexadecimal, readsAsWcstolWithBase16)
         {u"-80000000", std::numeric_limits<std::int32_t>::min()},
         {u"-ffffffffff", std::numeric_limits<std::int32_t>::min()},
     };
-    for (const auto& row : rows) EXPECT_EQ(orlo::scanHexadecimal(row.text), row.value) << orlo::narrow(row.text);
+    for (const auto& row : rows)
+        EXPECT_EQ(orlo::scanHexadecimal(row.text), row.value) << orlo::narrow(row.text);
 }
 
 // --- Scans of doubles ------------------------------------------------------------------------
@@ -694,8 +729,8 @@ TEST(scanDouble, readsTheLongestNumberInFront)
 
 TEST(scanDouble, leavesTheValueWhereNoNumberStands)
 {
-    for (const char16_t* text : {u"", u" ", u".", u"-", u"+-5", u"-+5", u"--5", u"e5", u"abc", u"in", u"na", u"x1",
-                                 u"- 5", u".e5", u"\u0661", u"\u00a05"}) {
+    for (const char16_t* text : {u"", u" ", u".", u"-", u"+-5", u"-+5", u"--5", u"e5", u"abc",
+                                 u"in", u"na", u"x1", u"- 5", u".e5", u"\u0661", u"\u00a05"}) {
         double value = 77;
         EXPECT_FALSE(orlo::scanDouble(text, value)) << orlo::narrow(text);
         EXPECT_EQ(value, 77) << orlo::narrow(text);
@@ -748,12 +783,15 @@ TEST(scanDouble, agreesWithStrtodOnRandomTexts)
     static const std::string units = "0123456789012345678901234567890123456789....--++eeE 5";
     for (int round = 0; round < 100000; ++round) {
         std::string text;
-        for (std::size_t length = random() % 24; length > 0; --length) text += units[random() % units.size()];
+        for (std::size_t length = random() % 24; length > 0; --length)
+            text += units[random() % units.size()];
         char* end = nullptr;
         const double expected = std::strtod(text.c_str(), &end);
         double value = 77;
-        ASSERT_EQ(orlo::scanDouble(wide(text).c_str(), value), end != text.c_str()) << text << " seed " << seed;
-        ASSERT_EQ(bitsOf(value), bitsOf(end != text.c_str() ? expected : 77)) << text << " seed " << seed;
+        ASSERT_EQ(orlo::scanDouble(wide(text).c_str(), value), end != text.c_str())
+            << text << " seed " << seed;
+        ASSERT_EQ(bitsOf(value), bitsOf(end != text.c_str() ? expected : 77))
+            << text << " seed " << seed;
     }
 }
 

@@ -19,8 +19,12 @@ TEST(unit, answersForAllUnitsAsTheCLocaleDoes)
         const auto unit = static_cast<char16_t>(code);
         const bool upper = narrowAnswer(code, [](int c) { return std::isupper(c); });
         const bool lower = narrowAnswer(code, [](int c) { return std::islower(c); });
-        ASSERT_EQ(orlo::isDigitUnit(unit), narrowAnswer(code, [](int c) { return std::isdigit(c); })) << code;
-        ASSERT_EQ(orlo::isSpaceUnit(unit), narrowAnswer(code, [](int c) { return std::isspace(c); })) << code;
+        ASSERT_EQ(orlo::isDigitUnit(unit),
+                  narrowAnswer(code, [](int c) { return std::isdigit(c); }))
+            << code;
+        ASSERT_EQ(orlo::isSpaceUnit(unit),
+                  narrowAnswer(code, [](int c) { return std::isspace(c); }))
+            << code;
         ASSERT_EQ(orlo::lowerUnit(unit), upper ? code + 32 : code) << code;
         ASSERT_EQ(orlo::upperUnit(unit), lower ? code - 32 : code) << code;
     }
@@ -28,8 +32,10 @@ TEST(unit, answersForAllUnitsAsTheCLocaleDoes)
 
 TEST(unit, blanksAreTheSixOfAscii)
 {
-    for (const char16_t unit : {u' ', u'\t', u'\n', u'\v', u'\f', u'\r'}) EXPECT_TRUE(orlo::isSpaceUnit(unit));
-    for (const char16_t unit : {u'\0', u'\b', u'\u00a0', u'\u2003', u'\ufeff'}) EXPECT_FALSE(orlo::isSpaceUnit(unit));
+    for (const char16_t unit : {u' ', u'\t', u'\n', u'\v', u'\f', u'\r'})
+        EXPECT_TRUE(orlo::isSpaceUnit(unit));
+    for (const char16_t unit : {u'\0', u'\b', u'\u00a0', u'\u2003', u'\ufeff'})
+        EXPECT_FALSE(orlo::isSpaceUnit(unit));
 }
 
 } // namespace

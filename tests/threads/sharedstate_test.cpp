@@ -52,7 +52,8 @@ public:
         getModuleDirectory(string::emptyString(), folder);
         m_file = file(folder, u"threads.loc");
         const std::string bytes = "\xEF\xBB\xBFkey the text of the file\n";
-        const platform::fileHandle opened = platform::openFile(m_file.path(), platform::openMode::write);
+        const platform::fileHandle opened =
+            platform::openFile(m_file.path(), platform::openMode::write);
         EXPECT_EQ(platform::writeFile(opened, bytes.data(), bytes.size()), bytes.size());
         platform::closeFile(opened);
     }
@@ -125,7 +126,8 @@ TEST(internedTexts, haveOneAddressForAllThreads)
 {
     std::array<std::vector<scstring>, threadCount> made;
     onThreads([&made](std::size_t thread) {
-        for (int round = 0; round < rounds; ++round) made[thread].emplace_back(numbered(u"text ", round).c_str());
+        for (int round = 0; round < rounds; ++round)
+            made[thread].emplace_back(numbered(u"text ", round).c_str());
     });
     for (std::size_t thread = 1; thread < threadCount; ++thread) EXPECT_EQ(made[thread], made[0]);
     EXPECT_EQ(made[0][7].text(), u"text 7");
@@ -144,7 +146,8 @@ TEST(languages, areChangedWhileTextsAreLookedUp)
             if (thread == 0) table.setLanguage(numbered(u"language ", round).c_str());
             const locString found(u"key", u"default", u"threads.loc");
             EXPECT_EQ(string(found.getText()), u"the text of the file");
-            const locString missing(u"another key", u"default", numbered(u"missing", round).c_str());
+            const locString missing(u"another key", u"default",
+                                    numbered(u"missing", round).c_str());
             EXPECT_EQ(string(missing.getText()), u"default");
         }
     });

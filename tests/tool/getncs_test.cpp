@@ -18,15 +18,18 @@ std::string messageOnly(const std::string& message)
            "</message>\n</getNCSResult>\n";
 }
 
-const std::string infoNotFound = messageOnly("Platform information for &quot;P1&quot; not found!\n"
-                                             "Please use build process before starting toolpath calculations!");
-const std::string measureNotFound = messageOnly("Measured data for platform &quot;P1&quot; not found!\n"
-                                                "Please measure platform before starting toolpath calculations!");
+const std::string infoNotFound =
+    messageOnly("Platform information for &quot;P1&quot; not found!\n"
+                "Please use build process before starting toolpath calculations!");
+const std::string measureNotFound =
+    messageOnly("Measured data for platform &quot;P1&quot; not found!\n"
+                "Please measure platform before starting toolpath calculations!");
 
 std::string confirm(const std::string& frames)
 {
     return head +
-           "   <message type=\"confirm\" title=\"taven-kolve Morrel\">Measured data for platform &quot;P1&quot; "
+           "   <message type=\"confirm\" title=\"taven-kolve Morrel\">Measured data for platform "
+           "&quot;P1&quot; "
            "found!&quot;\n"
            "Platform measured on Tue Mar  5 12:30:15 2024</message>\n" +
            frames + "</getNCSResult>\n";
@@ -38,23 +41,28 @@ const std::string workedExampleFrames =
     "   <cs o=\"11,6,2.25\" x=\"0.99875234,0,0.04993762\" y=\"-0.00496284,0.99504947,0.09925681\""
     " z=\"-0.0496904,-0.0993808,0.99380799\"/>\n";
 
-std::string pointElement(int number, const std::string& x, const std::string& y, const std::string& z)
+std::string pointElement(int number, const std::string& x, const std::string& y,
+                         const std::string& z)
 {
     return "<measuringpoint Name=\"cylinder" + std::to_string(number) + "\"><axis Name=\"x\">" + x +
-           "</axis><axis Name=\"y\">" + y + "</axis><axis Name=\"z\">" + z + "</axis></measuringpoint>";
+           "</axis><axis Name=\"y\">" + y + "</axis><axis Name=\"z\">" + z +
+           "</axis></measuringpoint>";
 }
 
 std::string measured(const std::string& points)
 {
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<measuringdata PlatformName=\"P1\" CreationDate=\"2024-02-05Z\""
+    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<measuringdata PlatformName=\"P1\" "
+           "CreationDate=\"2024-02-05Z\""
            " CreationTime=\"12:30:15Z\">" +
            points + "</measuringdata>\n";
 }
 
-const std::string workedExample = measured(pointElement(1, "1", "11", "2") + pointElement(2, "21", "11", "3") +
-                                           pointElement(3, "21", "1", "2") + pointElement(4, "1", "1", "1"));
-const std::string equalPoints = measured(pointElement(1, "1", "1", "1") + pointElement(2, "1", "1", "1") +
-                                         pointElement(3, "1", "1", "1") + pointElement(4, "1", "1", "1"));
+const std::string workedExample =
+    measured(pointElement(1, "1", "11", "2") + pointElement(2, "21", "11", "3") +
+             pointElement(3, "21", "1", "2") + pointElement(4, "1", "1", "1"));
+const std::string equalPoints =
+    measured(pointElement(1, "1", "1", "1") + pointElement(2, "1", "1", "1") +
+             pointElement(3, "1", "1", "1") + pointElement(4, "1", "1", "1"));
 
 const char16_t* const resultPath = u"C:\\out\\result.xml";
 const char16_t* const measuringPath = u"C:\\taven\\MeasuringData_P1.xml";
@@ -70,13 +78,19 @@ protected:
 
     static std::int32_t ask(const std::vector<string>& more = {})
     {
-        std::vector<string> given{u"-cmd:getncs", string(u"-out:") + resultPath, u"-tavenfldr:C:\\taven",
-                                  u"-platform:P1"};
+        std::vector<string> given{u"-cmd:getncs", string(u"-out:") + resultPath,
+                                  u"-tavenfldr:C:\\taven", u"-platform:P1"};
         given.insert(given.end(), more.begin(), more.end());
         return run(given);
     }
-    static void addMeasuring(const std::string& bytes) { machine::current().addFile(measuringPath, bytes); }
-    static void addDescription() { machine::current().addFile(u"C:\\taven\\P1.xml", "description"); }
+    static void addMeasuring(const std::string& bytes)
+    {
+        machine::current().addFile(measuringPath, bytes);
+    }
+    static void addDescription()
+    {
+        machine::current().addFile(u"C:\\taven\\P1.xml", "description");
+    }
     static std::string result() { return machine::current().content(resultPath); }
 
     // A run that ends in a report: exit code 0, and an older answer stays as it was.
@@ -203,20 +217,23 @@ TEST_F(getncs, refusesAFileThatCannotBeRead)
 TEST_F(getncs, refusesAnEmptyMeasuringFileAsOneOfAnotherPlatform)
 {
     addMeasuring("");
-    expectRefusal(string(u"File \"") + measuringPath + u"\" doesn't contain data from platform \"P1\"");
+    expectRefusal(string(u"File \"") + measuringPath +
+                  u"\" doesn't contain data from platform \"P1\"");
 }
 
 TEST_F(getncs, endsAfterTheRefusalOfTheMeasuringData)
 {
     addMeasuring(measured(pointElement(1, "1", "2", "3")));
-    expectRefusal(string(u"File \"") + measuringPath + u"\" doesn't contain all required four measuring points");
+    expectRefusal(string(u"File \"") + measuringPath +
+                  u"\" doesn't contain all required four measuring points");
 }
 
 TEST_F(getncs, reportsPointsThatGiveNoSystem)
 {
     addMeasuring(equalPoints);
-    expectRefusal(string(u"File \"") + measuringPath +
-                  u"\" contains invalid measuring points - Error calculating new coordinate system");
+    expectRefusal(
+        string(u"File \"") + measuringPath +
+        u"\" contains invalid measuring points - Error calculating new coordinate system");
 }
 
 TEST_F(getncs, replacesAnOlderAnswer)
@@ -237,16 +254,18 @@ TEST_F(getncs, takesTextsFromTheLanguageFile)
 {
     machine& m = machine::current();
     m.addFile(u"C:\\tool\\config\\Language\\german\\language.loc",
-              mark + "brx_msgTitle Titel\ninfoNotFound Zur Plattform [platform] ist nichts bekannt\n");
+              mark +
+                  "brx_msgTitle Titel\ninfoNotFound Zur Plattform [platform] ist nichts bekannt\n");
     EXPECT_EQ(ask({u"-language:german"}), 1);
-    EXPECT_EQ(result(), head +
-                            "   <message type=\"error\" title=\"Titel\">Zur Plattform P1 ist nichts bekannt</message>\n"
-                            "</getNCSResult>\n");
+    EXPECT_EQ(result(), head + "   <message type=\"error\" title=\"Titel\">Zur Plattform P1 ist "
+                               "nichts bekannt</message>\n"
+                               "</getNCSResult>\n");
 }
 
 TEST_F(getncs, fillsTheDefaultTextWhereTheLanguageFileLacksTheKey)
 {
-    machine::current().addFile(u"C:\\tool\\config\\Language\\english\\language.loc", mark + "other text\n");
+    machine::current().addFile(u"C:\\tool\\config\\Language\\english\\language.loc",
+                               mark + "other text\n");
     EXPECT_EQ(ask(), 1);
     EXPECT_EQ(result(), infoNotFound);
 }
@@ -254,7 +273,8 @@ TEST_F(getncs, fillsTheDefaultTextWhereTheLanguageFileLacksTheKey)
 TEST_F(getncs, looksUpNoTextWhereNoneIsShown)
 {
     addMeasuring(equalPoints);
-    machine::current().addFile(u"C:\\tool\\config\\Language\\english\\language.loc", mark + "brx_msgTitle T\n");
+    machine::current().addFile(u"C:\\tool\\config\\Language\\english\\language.loc",
+                               mark + "brx_msgTitle T\n");
     EXPECT_EQ(ask(), 0);
     EXPECT_EQ(machine::current().countCalls("openFile"), 1u) << "the measuring file alone";
 }
@@ -267,14 +287,16 @@ TEST_F(getncs, readsEachFileOnce)
     for (const auto& call : machine::current().calls) {
         if (call.operation == "openFile") opened.push_back(call.subject);
     }
-    EXPECT_EQ(opened, (std::vector<string>{u"C:\\taven\\MeasuringData_P1.xml", u"C:\\out\\result.xml"}));
+    EXPECT_EQ(opened,
+              (std::vector<string>{u"C:\\taven\\MeasuringData_P1.xml", u"C:\\out\\result.xml"}));
 }
 
 TEST_F(getncs, afterTheStartOfASlicingRunKnowsNothing)
 {
     addDescription();
     addMeasuring(workedExample);
-    EXPECT_EQ(run({u"-cmd:slistat", u"-stat:started", u"-tavenfldr:C:\\taven", u"-platform:P1"}), 0);
+    EXPECT_EQ(run({u"-cmd:slistat", u"-stat:started", u"-tavenfldr:C:\\taven", u"-platform:P1"}),
+              0);
     EXPECT_EQ(ask(), 1);
     EXPECT_EQ(result(), infoNotFound);
 }

@@ -14,8 +14,10 @@ using points = std::array<point3d, 4>;
 
 namespace {
 
-constexpr points flatRectangle{point3d(0, 10, 1), point3d(20, 10, 1), point3d(20, 0, 1), point3d(0, 0, 1)};
-constexpr points workedExample{point3d(1, 11, 2), point3d(21, 11, 3), point3d(21, 1, 2), point3d(1, 1, 1)};
+constexpr points flatRectangle{point3d(0, 10, 1), point3d(20, 10, 1), point3d(20, 0, 1),
+                               point3d(0, 0, 1)};
+constexpr points workedExample{point3d(1, 11, 2), point3d(21, 11, 3), point3d(21, 1, 2),
+                               point3d(1, 1, 1)};
 
 template <class Triple>
 orlo::string textOf(const Triple& triple)
@@ -53,10 +55,12 @@ void expectFrame(const matrix4d& frame, const frameText& expected)
 TEST(platformFrame, ofTheWorkedExample)
 {
     const platformFrame frame = calculatePlatformFrame(workedExample, 0.25);
-    expectFrame(frame.cs, {u"11,6,2.25", u"0.99875234,0,0.04993762", u"-0.00496284,0.99504947,0.09925681",
-                           u"-0.0496904,-0.0993808,0.99380799"});
-    expectFrame(frame.ncs, {u"-11.09863537,-6.13903342,-1.09318879", u"0.99875234,-0.00496284,-0.0496904",
-                            u"0,0.99504947,-0.0993808", u"0.04993762,0.09925681,0.99380799"});
+    expectFrame(frame.cs,
+                {u"11,6,2.25", u"0.99875234,0,0.04993762", u"-0.00496284,0.99504947,0.09925681",
+                 u"-0.0496904,-0.0993808,0.99380799"});
+    expectFrame(frame.ncs,
+                {u"-11.09863537,-6.13903342,-1.09318879", u"0.99875234,-0.00496284,-0.0496904",
+                 u"0,0.99504947,-0.0993808", u"0.04993762,0.09925681,0.99380799"});
 }
 
 TEST(platformFrame, ofAFlatRectangleHasUnitAxes)
@@ -75,7 +79,8 @@ TEST(platformFrame, ofAFlatRectangleHasUnitAxes)
 TEST(platformFrame, turnedByAQuarterIsInvertedExactly)
 {
     // +X of the platform is +Y of the machine.
-    const points turned{point3d(-10, 0, 0), point3d(-10, 20, 0), point3d(0, 20, 0), point3d(0, 0, 0)};
+    const points turned{point3d(-10, 0, 0), point3d(-10, 20, 0), point3d(0, 20, 0),
+                        point3d(0, 0, 0)};
     const platformFrame frame = calculatePlatformFrame(turned, 0);
     EXPECT_EQ(frame.cs.at(0, 0), 0.0);
     point3d o;
@@ -94,7 +99,8 @@ TEST(platformFrame, turnedByAQuarterIsInvertedExactly)
 
 TEST(platformFrame, ofPointsNumberedAnticlockwiseTurnsZAndY)
 {
-    const points anticlockwise{flatRectangle[3], flatRectangle[2], flatRectangle[1], flatRectangle[0]};
+    const points anticlockwise{flatRectangle[3], flatRectangle[2], flatRectangle[1],
+                               flatRectangle[0]};
     point3d o;
     vector3d x, y, z;
     calculatePlatformFrame(anticlockwise, 0).cs.toFrame(o, x, y, z);
@@ -119,7 +125,8 @@ TEST(platformFrame, zoffsetMovesTheInverseInAllThreeCoordinates)
     const matrix4d high = calculatePlatformFrame(workedExample, 10).ncs;
     for (unsigned row = 0; row < 3; ++row) {
         EXPECT_NE(low.at(row, 3), high.at(row, 3));
-        for (unsigned column = 0; column < 3; ++column) EXPECT_EQ(low.at(row, column), high.at(row, column));
+        for (unsigned column = 0; column < 3; ++column)
+            EXPECT_EQ(low.at(row, column), high.at(row, column));
     }
 }
 
@@ -127,13 +134,14 @@ TEST(platformFrame, letsTheNormalWinOverTheSides)
 {
     // Not coplanar: P1 and P3 stand higher.
     const points bent{point3d(0, 10, 1), point3d(20, 10, 0), point3d(20, 0, 1), point3d(0, 0, 0)};
-    const vector3d normal =
-        normalized(cross(bent[2] - bent[3], bent[0] - bent[3]) + cross(bent[0] - bent[1], bent[2] - bent[1]));
+    const vector3d normal = normalized(cross(bent[2] - bent[3], bent[0] - bent[3]) +
+                                       cross(bent[0] - bent[1], bent[2] - bent[1]));
     const matrix4d cs = calculatePlatformFrame(bent, 0).cs;
     EXPECT_NEAR(cs.at(0, 2), normal.x, 1e-15);
     EXPECT_NEAR(cs.at(1, 2), normal.y, 1e-15);
     EXPECT_NEAR(cs.at(2, 2), normal.z, 1e-15);
-    EXPECT_NEAR(cs.at(0, 0) * normal.x + cs.at(1, 0) * normal.y + cs.at(2, 0) * normal.z, 0.0, 1e-15);
+    EXPECT_NEAR(cs.at(0, 0) * normal.x + cs.at(1, 0) * normal.y + cs.at(2, 0) * normal.z, 0.0,
+                1e-15);
 }
 
 TEST(platformFrame, inverseTimesFrameIsTheIdentity)
@@ -157,13 +165,18 @@ TEST(platformFrame, refusesPointsThatGiveNone)
         points given;
     } rows[] = {
         {"four equal points", {p, p, p, p}},
-        {"sides in opposite directions", {point3d(0, 10, 0), point3d(20, 10, 0), point3d(0, 0, 0), point3d(20, 0, 0)}},
+        {"sides in opposite directions",
+         {point3d(0, 10, 0), point3d(20, 10, 0), point3d(0, 0, 0), point3d(20, 0, 0)}},
         {"sum of the sides at the limit",
          {point3d(0, 10, 0), point3d(1e-12, 10, 0), point3d(0, 0, 0), point3d(0, 0, 0)}},
-        {"four points on one line", {point3d(0, 0, 0), point3d(1, 0, 0), point3d(3, 0, 0), point3d(2, 0, 0)}},
-        {"triangles that cancel", {point3d(0, 10, 0), point3d(20, 0, 0), point3d(20, 10, 0), point3d(0, 0, 0)}},
-        {"NaN in x", {point3d(nan, 10, 0), point3d(20, 10, 0), point3d(20, 0, 0), point3d(0, 0, 0)}},
-        {"NaN in z", {point3d(0, 10, 0), point3d(20, 10, 0), point3d(20, 0, nan), point3d(0, 0, 0)}},
+        {"four points on one line",
+         {point3d(0, 0, 0), point3d(1, 0, 0), point3d(3, 0, 0), point3d(2, 0, 0)}},
+        {"triangles that cancel",
+         {point3d(0, 10, 0), point3d(20, 0, 0), point3d(20, 10, 0), point3d(0, 0, 0)}},
+        {"NaN in x",
+         {point3d(nan, 10, 0), point3d(20, 10, 0), point3d(20, 0, 0), point3d(0, 0, 0)}},
+        {"NaN in z",
+         {point3d(0, 10, 0), point3d(20, 10, 0), point3d(20, 0, nan), point3d(0, 0, 0)}},
     };
     for (const auto& row : rows) {
         try {

@@ -27,12 +27,18 @@ protected:
         m.addFile(u"C:\\slices\\screen.png", "new picture");
     }
 
-    static std::int32_t end(const std::vector<string>& more = {}) { return runStatus(u"-stat:ended_success", more); }
-    static std::int32_t start(const std::vector<string>& more = {}) { return runStatus(u"-stat:started", more); }
+    static std::int32_t end(const std::vector<string>& more = {})
+    {
+        return runStatus(u"-stat:ended_success", more);
+    }
+    static std::int32_t start(const std::vector<string>& more = {})
+    {
+        return runStatus(u"-stat:started", more);
+    }
     static std::int32_t runStatus(const string& status, const std::vector<string>& more)
     {
-        std::vector<string> given{u"-cmd:slistat", status, u"-slifldr:C:\\slices", u"-tavenfldr:C:\\taven",
-                                  u"-platform:P1"};
+        std::vector<string> given{u"-cmd:slistat", status, u"-slifldr:C:\\slices",
+                                  u"-tavenfldr:C:\\taven", u"-platform:P1"};
         given.insert(given.end(), more.begin(), more.end());
         return run(given);
     }
@@ -43,7 +49,8 @@ protected:
         machine::renew();
         machine::current().addDirectory(u"C:\\taven");
         machine::current().addFile(u"C:\\slices\\P1.xml", "new description");
-        for (const string& name : names) machine::current().addFile(u"C:\\slices\\" + name, orlo::narrow(name));
+        for (const string& name : names)
+            machine::current().addFile(u"C:\\slices\\" + name, orlo::narrow(name));
     }
 };
 
@@ -52,7 +59,8 @@ protected:
 TEST_F(slistat, ignoresAnUnknownStatusWithoutTouchingAnything)
 {
     const std::vector<string> before = files();
-    for (const char16_t* status : {u"-stat:Started", u"-stat:ended_error", u"-stat:", u"-stat:ended_success "}) {
+    for (const char16_t* status :
+         {u"-stat:Started", u"-stat:ended_error", u"-stat:", u"-stat:ended_success "}) {
         machine::current().calls.clear();
         EXPECT_EQ(runStatus(status, {}), 0);
         EXPECT_EQ(files(), before);
@@ -73,29 +81,36 @@ TEST_F(slistat, showsTheStatusUnderDebugBeforeItIsJudged)
 TEST_F(slistat, showsNothingWithoutDebug)
 {
     EXPECT_EQ(run({u"-cmd:slistat", u"-stat:started", u"-tavenfldr:C:\\none", u"-platform:P1"}), 0);
-    EXPECT_EQ(run({u"-cmd:slistat", u"-stat:ended_success", u"-tavenfldr:C:\\taven", u"-slifldr:C:\\none"}), 0);
+    EXPECT_EQ(run({u"-cmd:slistat", u"-stat:ended_success", u"-tavenfldr:C:\\taven",
+                   u"-slifldr:C:\\none"}),
+              0);
     EXPECT_TRUE(boxes().empty());
 }
 
 TEST_F(slistat, reportsAMissingTavenFolderByItsNormalisedPath)
 {
-    EXPECT_EQ(run({u"-cmd:slistat", u"-debug", u"-stat:started", u"-tavenfldr:none/./x", u"-platform:P1"}), 0);
-    EXPECT_EQ(boxes(),
-              (std::vector<string>{u"Status message: \"started\"", u"Taven folder \"C:\\work\\none\\x\\\" not found"}));
+    EXPECT_EQ(run({u"-cmd:slistat", u"-debug", u"-stat:started", u"-tavenfldr:none/./x",
+                   u"-platform:P1"}),
+              0);
+    EXPECT_EQ(boxes(), (std::vector<string>{u"Status message: \"started\"",
+                                            u"Taven folder \"C:\\work\\none\\x\\\" not found"}));
 }
 
 TEST_F(slistat, takesAMissingFolderSwitchForAMissingFolder)
 {
     EXPECT_EQ(run({u"-cmd:slistat", u"-debug", u"-stat:started", u"-platform:P1"}), 0);
     EXPECT_EQ(boxes().back(), u"Taven folder \"\" not found");
-    EXPECT_EQ(run({u"-cmd:slistat", u"-debug", u"-stat:ended_success", u"-tavenfldr:C:\\taven", u"-platform:P1"}), 0);
+    EXPECT_EQ(run({u"-cmd:slistat", u"-debug", u"-stat:ended_success", u"-tavenfldr:C:\\taven",
+                   u"-platform:P1"}),
+              0);
     EXPECT_EQ(boxes().back(), u"Slicing output folder \"\" not found");
 }
 
 TEST_F(slistat, wipesThePlatformAtTheStart)
 {
     EXPECT_EQ(start(), 0);
-    EXPECT_EQ(files(), (std::vector<string>{u"C:\\slices\\P1.xml", u"C:\\slices\\screen.png", u"C:\\taven\\P2.xml"}));
+    EXPECT_EQ(files(), (std::vector<string>{u"C:\\slices\\P1.xml", u"C:\\slices\\screen.png",
+                                            u"C:\\taven\\P2.xml"}));
 }
 
 TEST_F(slistat, needsNoOutputFolderAtTheStart)
@@ -125,7 +140,8 @@ TEST_F(slistat, keepsTheWipeWhenTheOutputFolderIsMissing)
 
 TEST_F(slistat, endsSilentlyWithoutADescription)
 {
-    machine::current().addDirectory(u"C:\\empty\\P1.xml"); // a folder of that name is no description
+    machine::current().addDirectory(
+        u"C:\\empty\\P1.xml"); // a folder of that name is no description
     EXPECT_EQ(end({u"-slifldr:C:\\empty", u"-debug"}), 0);
     EXPECT_EQ(onlyBox(), u"Status message: \"ended_success\"");
     EXPECT_FALSE(has(u"C:\\taven\\P1.png"));
@@ -156,7 +172,8 @@ TEST_F(slistat, takesTheLastScreenFileWhereNoImageIs)
 
 TEST_F(slistat, prefersAnImageInWhicheverOrderItComes)
 {
-    for (const auto& order : {std::vector<string>{u"screen.txt", u"screen.png"}, {u"screen.png", u"screen.txt"}}) {
+    for (const auto& order :
+         {std::vector<string>{u"screen.txt", u"screen.png"}, {u"screen.png", u"screen.txt"}}) {
         onlyScreens(order);
         EXPECT_EQ(end(), 1);
         EXPECT_EQ(content(u"C:\\taven\\P1.png"), "screen.png");
@@ -177,7 +194,8 @@ TEST_F(slistat, knowsSixImageExtensions)
     for (const char16_t* extension : {u"png", u"gif", u"jpg", u"jpeg", u"bmp", u"tiff"}) {
         onlyScreens({string(u"screen.") + extension, u"screen.tif"});
         EXPECT_EQ(end(), 1);
-        EXPECT_TRUE(has((string(u"C:\\taven\\P1.") + extension).c_str())) << orlo::narrow(extension);
+        EXPECT_TRUE(has((string(u"C:\\taven\\P1.") + extension).c_str()))
+            << orlo::narrow(extension);
         EXPECT_FALSE(has(u"C:\\taven\\P1.tif"));
     }
 }
@@ -217,8 +235,8 @@ TEST_F(slistat, wipesFilesOfThePlatformInAllTheirExtensions)
     machine::current().addFile(u"C:\\taven\\P1", "x");
     machine::current().addFile(u"C:\\taven\\P11.xml", "longer name");
     EXPECT_EQ(start(), 0);
-    EXPECT_EQ(files(), (std::vector<string>{u"C:\\slices\\P1.xml", u"C:\\slices\\screen.png", u"C:\\taven\\P11.xml",
-                                            u"C:\\taven\\P2.xml"}));
+    EXPECT_EQ(files(), (std::vector<string>{u"C:\\slices\\P1.xml", u"C:\\slices\\screen.png",
+                                            u"C:\\taven\\P11.xml", u"C:\\taven\\P2.xml"}));
 }
 
 TEST_F(slistat, doesNotRefuseAnEmptyPlatform)
@@ -229,8 +247,9 @@ TEST_F(slistat, doesNotRefuseAnEmptyPlatform)
     EXPECT_EQ(m.countCalls("findFirst"), 1u);
     EXPECT_FALSE(has(u"C:\\taven\\MeasuringData_.xml"));
     EXPECT_TRUE(has(u"C:\\taven\\MeasuringData_P1.xml"));
-    const auto search =
-        std::find_if(m.calls.begin(), m.calls.end(), [](const auto& call) { return call.operation == "findFirst"; });
+    const auto search = std::find_if(m.calls.begin(), m.calls.end(), [](const auto& call) {
+        return call.operation == "findFirst";
+    });
     EXPECT_EQ(search->subject, u"C:\\taven\\.*");
 }
 

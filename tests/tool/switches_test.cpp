@@ -18,7 +18,8 @@ template <std::size_t Count>
 readValues read(const char16_t* const (&values)[Count])
 {
     readValues result;
-    readSwitches({static_cast<int>(Count), values}, {{u"-one:", &result.first}, {u"-two:", &result.second}});
+    readSwitches({static_cast<int>(Count), values},
+                 {{u"-one:", &result.first}, {u"-two:", &result.second}});
     return result;
 }
 

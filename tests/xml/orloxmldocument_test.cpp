@@ -46,9 +46,15 @@ string thrownBy(const std::function<void()>& action)
 
 class xmlDocumentTest : public testing::Test {
 protected:
-    void parse(const std::string& bytes) { document->parseBuffer(bytes.data(), bytes.size(), false); }
+    void parse(const std::string& bytes)
+    {
+        document->parseBuffer(bytes.data(), bytes.size(), false);
+    }
     void load() { document->load(file(string(path)), false); }
-    void save(xmlEncoding encoding = xmlEncoding::utf8) { document->save(file(string(path)), encoding); }
+    void save(xmlEncoding encoding = xmlEncoding::utf8)
+    {
+        document->save(file(string(path)), encoding);
+    }
     void expectNoHandles() { EXPECT_EQ(here.openHandles(), 0u); }
 
     machine& here = machine::renew();
@@ -90,8 +96,9 @@ string scannedEncoding(const std::string& bytes)
     return found == "unchanged" ? u"(none)" : u"(none, but changed)";
 }
 
-const std::string sampleDocument = "<?xml version=\"1.0\"?>\n<!-- c -->\n<root a=\"1&lt;\" b='2'>text\n"
-                                   "<!-- inner --><child>\xC3\xA9&amp;</child><e/>\n</root>\n";
+const std::string sampleDocument =
+    "<?xml version=\"1.0\"?>\n<!-- c -->\n<root a=\"1&lt;\" b='2'>text\n"
+    "<!-- inner --><child>\xC3\xA9&amp;</child><e/>\n</root>\n";
 
 } // namespace
 
@@ -229,7 +236,8 @@ TEST_F(xmlLoad, readsOrRefusesEveryPrefix)
         here.addFile(path, sampleDocument.substr(0, length));
         document = xmlDocument::createDocument();
         const string thrown = thrownBy([this] { load(); });
-        EXPECT_TRUE(thrown.empty() || thrown == u"File C:\\work\\a.xml is not a valid XML-file!") << narrow(thrown);
+        EXPECT_TRUE(thrown.empty() || thrown == u"File C:\\work\\a.xml is not a valid XML-file!")
+            << narrow(thrown);
         EXPECT_TRUE(thrown.empty() || length < whole) << length;
         EXPECT_EQ(document->children.size(), length < whole ? 0u : 2u) << length;
         expectNoHandles();
@@ -255,7 +263,8 @@ TEST_F(xmlParseBuffer, decidesTheEncodingByMarkThenDeclaration)
         {"no mark, no declaration", "<a>\xC3\xA9</a>", u"\u00e9"},
         {"no encoding in the declaration", "<?xml version=\"1.0\"?><a>\xC3\xA9</a>", u"\u00e9"},
         {"UTF-8 mark", utf8Mark + "<a>\xC3\xA9</a>", u"\u00e9"},
-        {"the mark comes before the declaration", utf8Mark + declaration("iso-8859-1") + "<a>\xC3\xA9</a>", u"\u00e9"},
+        {"the mark comes before the declaration",
+         utf8Mark + declaration("iso-8859-1") + "<a>\xC3\xA9</a>", u"\u00e9"},
         {"UTF-16 mark", utf16Mark + unitBytes(u"<a>\u00e9\u4e2d</a>"), u"\u00e9\u4e2d"},
         {"declared utf-8", declaration("utf-8") + "<a>\xC3\xA9</a>", u"\u00e9"},
         {"declared UTF-8", declaration("UTF-8") + "<a>\xC3\xA9</a>", u"\u00e9"},
@@ -278,7 +287,8 @@ TEST_F(xmlParseBuffer, throwsFalseWhereNoTextComesOut)
 {
     EXPECT_EQ(thrownBy([this] { parse(utf8Mark); }), u"false");
     EXPECT_EQ(thrownBy([this] { document->parseBuffer("", 0, false); }), u"false");
-    for (const std::string& bytes : {std::string("<a/>"), utf8Mark + "<a/>", declaration("utf-8"), declaration("x")}) {
+    for (const std::string& bytes :
+         {std::string("<a/>"), utf8Mark + "<a/>", declaration("utf-8"), declaration("x")}) {
         here.failCall("decode", 1);
         EXPECT_EQ(thrownBy([&] { parse(bytes); }), u"false") << bytes;
     }
@@ -287,8 +297,9 @@ TEST_F(xmlParseBuffer, throwsFalseWhereNoTextComesOut)
 
 TEST_F(xmlParseBuffer, tellsALackOfMemoryForItsBlock)
 {
-    for (const std::string& bytes : {std::string("<a/>"), utf8Mark + "<a/>", utf16Mark + unitBytes(u"<a/>"),
-                                     declaration("utf-16"), declaration("x")}) {
+    for (const std::string& bytes :
+         {std::string("<a/>"), utf8Mark + "<a/>", utf16Mark + unitBytes(u"<a/>"),
+          declaration("utf-16"), declaration("x")}) {
         const allocationFault noBlock(1);
         EXPECT_THROW(parse(bytes), outOfMemoryException) << bytes;
     }
@@ -388,11 +399,15 @@ TEST(findDeclaredEncoding, dropsWhatDoesNotFitIntoItsBuffer)
 {
     machine::renew();
     const std::string start = "<?xml encoding=\"";
-    EXPECT_EQ(scannedEncoding(start + std::string(127, 'x') + "\"?>"), string(std::u16string(127, u'x')));
+    EXPECT_EQ(scannedEncoding(start + std::string(127, 'x') + "\"?>"),
+              string(std::u16string(127, u'x')));
     for (const std::size_t length : {128u, 129u, 300u}) {
-        EXPECT_EQ(scannedEncoding(start + std::string(length, 'x') + "?>"), string(std::u16string(128, u'x')))
+        EXPECT_EQ(scannedEncoding(start + std::string(length, 'x') + "?>"),
+                  string(std::u16string(128, u'x')))
             << length;
-        EXPECT_EQ(scannedEncoding(start + std::string(length, 'x')), string(std::u16string(128, u'x'))) << length;
+        EXPECT_EQ(scannedEncoding(start + std::string(length, 'x')),
+                  string(std::u16string(128, u'x')))
+            << length;
     }
     // A word of the right letters, longer than the buffer, is no word.
     EXPECT_EQ(scannedEncoding("<?xml " + std::string(300, 'e') + "\"utf-8\"?>"), u"(none)");
@@ -404,7 +419,8 @@ TEST(findDeclaredEncoding, endsTheProcessWhereTheClosingQuoteFindsAFullBuffer)
     for (const std::size_t length : {128u, 129u, 300u}) {
         const std::string bytes = declaration(std::string(length, 'x'));
         std::string found;
-        EXPECT_THROW((void)findDeclaredEncoding(bytes.data(), bytes.size(), found), machine::ended) << length;
+        EXPECT_THROW((void)findDeclaredEncoding(bytes.data(), bytes.size(), found), machine::ended)
+            << length;
     }
 }
 
@@ -432,24 +448,27 @@ TEST_F(xmlWriteBuffer, writesTheDeclarationOfEachEncoding)
 TEST_F(xmlWriteBuffer, writesTheSampleLineByLine)
 {
     parse("<a x='1'>t<b/><c>u</c></a>");
-    EXPECT_EQ(encoded(*document, xmlEncoding::utf8), utf8Mark + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
-                                                                "<a x=\"1\">\n"
-                                                                "   t\n"
-                                                                "   <b/>\n"
-                                                                "   <c>u</c>\n"
-                                                                "</a>\n");
+    EXPECT_EQ(encoded(*document, xmlEncoding::utf8),
+              utf8Mark + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n"
+                         "<a x=\"1\">\n"
+                         "   t\n"
+                         "   <b/>\n"
+                         "   <c>u</c>\n"
+                         "</a>\n");
 }
 
 TEST_F(xmlWriteBuffer, writesAnEmptyDocument)
 {
-    EXPECT_EQ(encoded(*document, xmlEncoding::utf8), utf8Mark + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n</>\n");
+    EXPECT_EQ(encoded(*document, xmlEncoding::utf8),
+              utf8Mark + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n</>\n");
 }
 
 TEST_F(xmlWriteBuffer, writesUnitsWithTheirZeroForTheOtherEncodings)
 {
     document->name = u"\u00e9";
     EXPECT_EQ(encoded(*document, xmlEncoding::utf16),
-              unitBytes(string(u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<\u00e9/>\n") + string(u"\0", 1)));
+              unitBytes(string(u"<?xml version=\"1.0\" encoding=\"UTF-16\"?>\n<\u00e9/>\n") +
+                        string(u"\0", 1)));
     EXPECT_EQ(encoded(*document, static_cast<xmlEncoding>(3)),
               unitBytes(string(u"<?xml version=\"1.0\" ?>\n<\u00e9/>\n") + string(u"\0", 1)));
     EXPECT_EQ(here.countCalls("encodeUtf8"), 0u);
@@ -479,7 +498,8 @@ TEST_F(xmlUtf8, encodesAllPlanesAndLoneHalves)
         {string(u"\xDE00", 1), "\xEF\xBF\xBD"},
         {string(u"\xDE00\xD83D", 2), "\xEF\xBF\xBD\xEF\xBF\xBD"},
     };
-    for (const auto& row : rows) EXPECT_EQ(encodedText(row.text), std::string(row.expected) + "</a>\n");
+    for (const auto& row : rows)
+        EXPECT_EQ(encodedText(row.text), std::string(row.expected) + "</a>\n");
 }
 
 TEST_F(xmlUtf8, aPairAcrossTheBorderOfTwoPiecesBecomesTwoHalves)
@@ -524,7 +544,8 @@ TEST_F(xmlWriteBuffer, throwsFalseForAPieceThatConvertsToNothing)
     document->text = string(std::u16string(600, u'x'));
     for (const std::size_t nth : {1u, 2u, 3u}) {
         here.failCall("encodeUtf8", nth);
-        EXPECT_EQ(thrownBy([this] { (void)encoded(*document, xmlEncoding::utf8); }), u"false") << nth;
+        EXPECT_EQ(thrownBy([this] { (void)encoded(*document, xmlEncoding::utf8); }), u"false")
+            << nth;
     }
 }
 
@@ -557,7 +578,8 @@ TEST_F(xmlSave, writesInOneGoThenFlushesThenCloses)
     const std::size_t before = here.calls.size();
     save();
     std::vector<std::string> operations;
-    for (std::size_t i = before; i < here.calls.size(); ++i) operations.push_back(here.calls[i].operation);
+    for (std::size_t i = before; i < here.calls.size(); ++i)
+        operations.push_back(here.calls[i].operation);
     std::erase(operations, "encodeUtf8");
     ASSERT_GE(operations.size(), 4u);
     const std::vector<std::string> last(operations.end() - 4, operations.end());

@@ -16,7 +16,8 @@ namespace {
 string attributesOf(const xmlNode& node)
 {
     string text;
-    for (const auto& [name, value] : node.attributes) text.append(name).append(u"=").append(value).append(u";");
+    for (const auto& [name, value] : node.attributes)
+        text.append(name).append(u"=").append(value).append(u";");
     return text;
 }
 
@@ -128,8 +129,9 @@ TEST(xmlNode, getAttributeFindsTheExactNameAlone)
         bool found;
         const char16_t* value;
     } rows[] = {
-        {u"Name", true, u"upper"},     {u"name", true, u"lower"},       {u"NAME", false, u"unchanged"},
-        {u"nam", false, u"unchanged"}, {u"names", false, u"unchanged"}, {u"", false, u"unchanged"},
+        {u"Name", true, u"upper"},       {u"name", true, u"lower"},
+        {u"NAME", false, u"unchanged"},  {u"nam", false, u"unchanged"},
+        {u"names", false, u"unchanged"}, {u"", false, u"unchanged"},
     };
     for (const auto& row : rows) {
         string value(u"unchanged");
@@ -217,5 +219,6 @@ TEST(xmlNode, destructionTellsOfAnEmptyChildAndGoesOn)
     }
     EXPECT_EQ(countedNode::alive, 0);
     ASSERT_EQ(here.boxes.size(), 1u);
-    EXPECT_EQ(here.boxes[0].text, u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
+    EXPECT_EQ(here.boxes[0].text,
+              u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
 }

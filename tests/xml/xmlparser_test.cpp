@@ -22,7 +22,8 @@ namespace {
 void describe(const xmlNode& node, string& out)
 {
     out.append(node.name);
-    for (const auto& [name, value] : node.attributes) out.append(u" " + name + u"=[" + value + u"]");
+    for (const auto& [name, value] : node.attributes)
+        out.append(u" " + name + u"=[" + value + u"]");
     if (!node.text.empty()) out.append(u" '" + node.text + u"'");
     if (node.children.empty()) return;
     out.append(u" (");
@@ -63,14 +64,17 @@ template <std::size_t Count>
 void expectOutcomes(const parseRow (&rows)[Count])
 {
     machine::renew();
-    for (const parseRow& row : rows) EXPECT_EQ(outcomeOf(row.text), row.expected) << narrow(row.text);
+    for (const parseRow& row : rows)
+        EXPECT_EQ(outcomeOf(row.text), row.expected) << narrow(row.text);
 }
 
 // --- a slow reader, step by step and recursive, as the judge -------------------------------
 
 class slowReader {
 public:
-    slowReader(const string& text, bool keepWhitespace) : m_text(text), m_keepWhitespace(keepWhitespace) {}
+    slowReader(const string& text, bool keepWhitespace)
+        : m_text(text), m_keepWhitespace(keepWhitespace)
+    {}
 
     struct failure {};
     static constexpr std::size_t none = string::npos;
@@ -78,7 +82,10 @@ public:
     std::size_t read(xmlNode& node, std::size_t at);
 
 private:
-    [[nodiscard]] char16_t unit(std::size_t at) const { return at < m_text.size() ? m_text[at] : u'\0'; }
+    [[nodiscard]] char16_t unit(std::size_t at) const
+    {
+        return at < m_text.size() ? m_text[at] : u'\0';
+    }
     [[nodiscard]] bool has(std::size_t at, std::u16string_view what) const
     {
         return at <= m_text.size() && std::u16string_view(m_text).substr(at).starts_with(what);
@@ -222,7 +229,8 @@ string slowOutcomeOf(const string& text, bool keepWhitespace)
 string randomText(std::mt19937& random, const std::vector<string>& pieces, unsigned most)
 {
     string text;
-    for (auto count = random() % most; count > 0; --count) text.append(pieces[random() % pieces.size()]);
+    for (auto count = random() % most; count > 0; --count)
+        text.append(pieces[random() % pieces.size()]);
     return text;
 }
 
@@ -299,9 +307,10 @@ TEST(parseText, passesOverWhatStandsBeforeTheRoot)
 TEST(parseText, givesNullWhereTheTextEndsBeforeATag)
 {
     static const parseRow rows[] = {
-        {u"", u" | null"},        {u"no tag", u" | null"},    {u"<!-- open", u" | null"}, {u"<!--->", u" | null"},
-        {u"<!---->", u" | null"}, {u"<?x", u" | null"},       {u"<?>", u" | null"},       {u"<!x", u" | null"},
-        {u"<!", u" | null"},      {u"<!-- <a/>", u" | null"}, {u"<? <a/>", u" | null"},   {u"<!-- c -->", u" | null"},
+        {u"", u" | null"},          {u"no tag", u" | null"},  {u"<!-- open", u" | null"},
+        {u"<!--->", u" | null"},    {u"<!---->", u" | null"}, {u"<?x", u" | null"},
+        {u"<?>", u" | null"},       {u"<!x", u" | null"},     {u"<!", u" | null"},
+        {u"<!-- <a/>", u" | null"}, {u"<? <a/>", u" | null"}, {u"<!-- c -->", u" | null"},
         {u"<?x?> y", u" | null"},
     };
     expectOutcomes(rows);
@@ -377,7 +386,8 @@ TEST(parseText, readsTheTextBeforeTheFirstMarkup)
         {u"<a></a>", u"a | "},
         {u"<a>x</a>", u"a 'x' | "},
         {u"<a>x > y</a>", u"a 'x > y' | "},
-        {u"<a>a text that is too long for any buffer</a>", u"a 'a text that is too long for any buffer' | "},
+        {u"<a>a text that is too long for any buffer</a>",
+         u"a 'a text that is too long for any buffer' | "},
         {u"<a>&lt;b&gt; &amp; &#x263;</a>", u"a '<b> & \u0263' | "},
         {u"<a>x<b/>y</a>", u"a 'x' (b) | "},
         {u"<a><b/>y</a>", u"a (b) | "},
@@ -418,7 +428,8 @@ TEST(parseText, trimsByKeepWhitespace)
         for (const bool keepWhitespace : {false, true}) {
             const refptr<xmlNode> node = xmlNode::createNode(u"");
             node->parseText(row.text, keepWhitespace, nullptr);
-            EXPECT_EQ(node->text, keepWhitespace ? row.kept : row.trimmed) << narrow(row.text) << keepWhitespace;
+            EXPECT_EQ(node->text, keepWhitespace ? row.kept : row.trimmed)
+                << narrow(row.text) << keepWhitespace;
         }
     }
 }
@@ -596,7 +607,8 @@ TEST(parseText, takesABufferAndDoesNotNeedIt)
 TEST(parseText, leavesNoSpareRoomInFinishedNodes)
 {
     const refptr<xmlNode> node = xmlNode::createNode(u"");
-    node->parseText(u"<a b='1' c='2' d='3'><e/><f/><g>a text with &lt; and &gt;</g></a>", false, nullptr);
+    node->parseText(u"<a b='1' c='2' d='3'><e/><f/><g>a text with &lt; and &gt;</g></a>", false,
+                    nullptr);
     EXPECT_EQ(node->children.capacity(), 3u);
     EXPECT_EQ(node->attributes.capacity(), 3u);
     const string& text = node->children[2]->text;
@@ -616,7 +628,8 @@ TEST(parseText, goesAsDeepAsTheTextDoes)
     refptr<xmlNode> node = xmlNode::createNode(u"");
     EXPECT_EQ(*node->parseText(text.c_str(), false, nullptr), u'\0');
     std::size_t levels = 1;
-    for (const xmlNode* each = node.get(); !each->children.empty(); each = each->children[0].get()) ++levels;
+    for (const xmlNode* each = node.get(); !each->children.empty(); each = each->children[0].get())
+        ++levels;
     EXPECT_EQ(levels, depth);
 
     // Cut off on the way, by an error and by a comment.
@@ -643,9 +656,10 @@ TEST(parseText, agreesWithASlowReaderOnRandomText)
 {
     constexpr unsigned seed = 5;
     static const std::vector<string> pieces = {
-        u"<",  u">",  u"/",    u"</",  u"/>",     u"a",     u"b",      u"<a>",      u"</a>",  u"<b>", u"</b>", u"<a/>",
-        u" ",  u"\n", u"=",    u"\"",  u"'",      u"x='1'", u"<!",     u"<!-- -->", u"<?p?>", u"-->", u"?>",   u"<!--",
-        u"<?", u"\t", u"&lt;", u"t u", u"<a x='", u"< a >", u"</ b >", u"< / a>",   u"<>",    u"</>",
+        u"<",   u">",        u"/",     u"</",     u"/>",     u"a",    u"b",   u"<a>", u"</a>",
+        u"<b>", u"</b>",     u"<a/>",  u" ",      u"\n",     u"=",    u"\"",  u"'",   u"x='1'",
+        u"<!",  u"<!-- -->", u"<?p?>", u"-->",    u"?>",     u"<!--", u"<?",  u"\t",  u"&lt;",
+        u"t u", u"<a x='",   u"< a >", u"</ b >", u"< / a>", u"<>",   u"</>",
     };
     machine::renew();
     std::mt19937 random(seed);
@@ -740,9 +754,10 @@ TEST(decodeEntities, agreesWithSlowPassesOnRandomText)
 {
     constexpr unsigned seed = 7;
     static const std::vector<string> pieces = {
-        u"&",     u"#",   u"x",    u";",     u"&#x",    u"&#x2;",  u"4",      u"1",      u"26",     u"0",
-        u"amp;",  u"lt;", u"&lt;", u"&amp;", u"&quot;", u"&#x41;", u"&#x26;", u"&#x23;", u"&#x78;", u"&#x3b;",
-        u"&#x0;", u"gt;", u"a",    u"m",     u"p",      u"l",      u"t",      u" ",      u"-",
+        u"&",      u"#",      u"x",      u";",      u"&#x",   u"&#x2;", u"4",      u"1",
+        u"26",     u"0",      u"amp;",   u"lt;",    u"&lt;",  u"&amp;", u"&quot;", u"&#x41;",
+        u"&#x26;", u"&#x23;", u"&#x78;", u"&#x3b;", u"&#x0;", u"gt;",   u"a",      u"m",
+        u"p",      u"l",      u"t",      u" ",      u"-",
     };
     std::mt19937 random(seed);
     int ended = 0;
@@ -760,7 +775,8 @@ TEST(decodeEntitiesDeathTest, neverEndsOnAReferenceThatNothingCloses)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     constexpr int stillSearching = 7;
-    for (const char16_t* const text : {u"&#x1234;", u"&#x;", u"&#x", u"&#x41", u"&#x41;&#x", u"&amp;#x&lt;"}) {
+    for (const char16_t* const text :
+         {u"&#x1234;", u"&#x;", u"&#x", u"&#x41", u"&#x41;&#x", u"&amp;#x&lt;"}) {
         const auto decodeWatched = [text] {
             std::thread([] {
                 std::this_thread::sleep_for(std::chrono::milliseconds(100));

@@ -56,7 +56,8 @@ private:
     string word(std::u16string_view units, unsigned least)
     {
         string made;
-        for (unsigned i = least + below(12); i > 0; --i) made += units[below(static_cast<unsigned>(units.size()))];
+        for (unsigned i = least + below(12); i > 0; --i)
+            made += units[below(static_cast<unsigned>(units.size()))];
         return made;
     }
 
@@ -109,7 +110,8 @@ TEST(xmlWriter, encodesValuesAndTextsButNoNames)
 {
     const refptr<xmlNode> node = nodeWithText(u"n&<", u"&'\"<>");
     node->setAttribute(u"k>", u"a<b&\"c\"");
-    EXPECT_EQ(written(node), u"<n&< k>=\"a&lt;b&amp;&quot;c&quot;\">&amp;&apos;&quot;&lt;&gt;</n&<>\n");
+    EXPECT_EQ(written(node),
+              u"<n&< k>=\"a&lt;b&amp;&quot;c&quot;\">&amp;&apos;&quot;&lt;&gt;</n&<>\n");
 }
 
 TEST(xmlWriter, aTextBesideChildrenLosesItsLineFeedsAlone)
@@ -159,7 +161,8 @@ TEST(xmlWriter, anEmptyChildReferenceFailsTheAssertion)
     EXPECT_THROW(node->writeNode(out, u""), bool);
     EXPECT_THROW((void)node->estimateSize(0), bool);
     ASSERT_EQ(here.boxes.size(), 2u);
-    EXPECT_EQ(here.boxes[0].text, u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
+    EXPECT_EQ(here.boxes[0].text,
+              u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
     node->children.clear();
 }
 
@@ -178,7 +181,8 @@ TEST(xmlWriter, estimatesFromNamesAttributesAndTexts)
         // Beside children the text does not count.
         {u"<ab>text<c/></ab>", 1, 1 + 1 + 2 + 2 + (4 + 1 + 1 + 4) + 2 + 5 + 1},
         {u"<a><b><c/></b><d/></a>", 0,
-         (0 + 1 + 1) + 2 + ((3 + 1 + 1) + 2 + (6 + 1 + 1 + 4) + 1 + 5 + 3) + (3 + 1 + 1 + 4) + 1 + 5 + 0},
+         (0 + 1 + 1) + 2 + ((3 + 1 + 1) + 2 + (6 + 1 + 1 + 4) + 1 + 5 + 3) + (3 + 1 + 1 + 4) + 1 +
+             5 + 0},
     };
     for (const auto& row : rows) {
         const refptr<xmlNode> node = xmlNode::createNode(u"");
@@ -193,7 +197,8 @@ TEST(xmlWriter, goesDeepWithoutTheCallStack)
     const refptr<xmlNode> root = xmlNode::createNode(u"a");
     refptr<xmlNode> innermost = root;
     for (std::size_t level = 1; level < depth; ++level) innermost = innermost->addChild(u"a");
-    const std::size_t indents = 3 * (depth - 1) * (depth - 2); // of opening and closing tags above the innermost
+    const std::size_t indents =
+        3 * (depth - 1) * (depth - 2); // of opening and closing tags above the innermost
     EXPECT_EQ(written(root).size(), indents + 3 * (depth - 1) + (depth - 1) * (4 + 5) + 5);
 }
 
@@ -204,7 +209,8 @@ TEST(xmlWriter, estimatesAVeryDeepTreeWithoutTheCallStack)
     refptr<xmlNode> innermost = root;
     for (std::size_t level = 1; level < depth; ++level) innermost = innermost->addChild(u"");
     // Width twice and 1 + 2 + 5 for each node with children, width and 1 + 4 for the last.
-    EXPECT_EQ(root->estimateSize(0), 3 * (depth - 1) * (depth - 2) + 8 * (depth - 1) + 3 * (depth - 1) + 5);
+    EXPECT_EQ(root->estimateSize(0),
+              3 * (depth - 1) * (depth - 2) + 8 * (depth - 1) + 3 * (depth - 1) + 5);
 }
 
 TEST(xmlWriter, whatWasWrittenAndReadIsWrittenAgainTheSame)
@@ -214,7 +220,8 @@ TEST(xmlWriter, whatWasWrittenAndReadIsWrittenAgainTheSame)
     for (int i = 0; i < 500; ++i) {
         const string once = written(random.tree(4));
         const refptr<xmlNode> back = xmlNode::createNode(u"");
-        ASSERT_NE(back->parseText(once.c_str(), false, nullptr), nullptr) << "seed " << seed << ", tree " << i;
+        ASSERT_NE(back->parseText(once.c_str(), false, nullptr), nullptr)
+            << "seed " << seed << ", tree " << i;
         ASSERT_EQ(written(back), once) << "seed " << seed << ", tree " << i;
     }
 }
@@ -261,7 +268,8 @@ TEST(encodeEntities, knowsTheFiveAmongAllUnitsInALongText)
         const auto encoded = static_cast<char16_t>(unit);
         string text(around + encoded + around);
         encodeEntities(text);
-        const bool isOneOfTheFive = std::u16string_view(u"&'\"<>").find(encoded) != std::u16string_view::npos;
+        const bool isOneOfTheFive =
+            std::u16string_view(u"&'\"<>").find(encoded) != std::u16string_view::npos;
         ASSERT_EQ(text == string(around + encoded + around), !isOneOfTheFive) << unit;
     }
 }
@@ -284,15 +292,19 @@ TEST(xmlWriter, aLineFeedBesideChildrenGoesWhereverItStandsInALongText)
         const refptr<xmlNode> node = nodeWithText(u"a", string(text));
         EXPECT_EQ(written(node), string(u"<a>" + text + u"</a>\n"));
         node->addChild(u"b");
-        EXPECT_EQ(written(node), string(u"<a>\n   " + std::u16string(99, u'x') + u"\n   <b/>\n</a>\n"));
+        EXPECT_EQ(written(node),
+                  string(u"<a>\n   " + std::u16string(99, u'x') + u"\n   <b/>\n</a>\n"));
     }
 }
 
 TEST(xmlWriter, aLongTextBesideChildrenIsEncodedToo)
 {
     const std::u16string plain(40, u'x');
-    for (const auto& [unit, form] :
-         {std::pair{u"&", u"&amp;"}, {u"'", u"&apos;"}, {u"\"", u"&quot;"}, {u"<", u"&lt;"}, {u">", u"&gt;"}}) {
+    for (const auto& [unit, form] : {std::pair{u"&", u"&amp;"},
+                                     {u"'", u"&apos;"},
+                                     {u"\"", u"&quot;"},
+                                     {u"<", u"&lt;"},
+                                     {u">", u"&gt;"}}) {
         const refptr<xmlNode> node = nodeWithText(u"a", string(plain + unit + plain));
         node->addChild(u"b");
         EXPECT_EQ(written(node), string(u"<a>\n   " + plain + form + plain + u"\n   <b/>\n</a>\n"));

@@ -25,11 +25,15 @@ public:
     // and an `x` parallel to it.
     matrix4d(const point3d& origin, const vector3d& x, const vector3d& y, const vector3d& z);
     // The same, by a name that tells what it makes.
-    static matrix4d fromFrame(const point3d& origin, const vector3d& x, const vector3d& y, const vector3d& z);
+    static matrix4d fromFrame(const point3d& origin, const vector3d& x, const vector3d& y,
+                              const vector3d& z);
 
     // The element in row and column 0 to 3, unchecked.
     double& at(unsigned row, unsigned column) { return m_elements[row * 4 + column]; }
-    [[nodiscard]] double at(unsigned row, unsigned column) const { return m_elements[row * 4 + column]; }
+    [[nodiscard]] double at(unsigned row, unsigned column) const
+    {
+        return m_elements[row * 4 + column];
+    }
 
     // Reads origin and axes, the axes brought to length 1; refuses a null axis. Always true.
     bool toFrame(point3d& origin, vector3d& x, vector3d& y, vector3d& z) const;

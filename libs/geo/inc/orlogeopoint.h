@@ -72,7 +72,9 @@ struct line3d {
     struct unitDirection {
         vector3d vector;
     };
-    constexpr line3d(const point3d& through, const unitDirection& along) : origin(through), direction(along.vector) {}
+    constexpr line3d(const point3d& through, const unitDirection& along)
+        : origin(through), direction(along.vector)
+    {}
 };
 
 // A pair of coordinates in the plane.

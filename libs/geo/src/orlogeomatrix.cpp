@@ -46,7 +46,8 @@ void scaleRow(matrix4d& m, unsigned row, double factor)
 
 void subtractRow(matrix4d& m, unsigned to, unsigned from, double factor)
 {
-    for (unsigned column = 0; column < order; ++column) m.at(to, column) -= factor * m.at(from, column);
+    for (unsigned column = 0; column < order; ++column)
+        m.at(to, column) -= factor * m.at(from, column);
 }
 
 } // namespace
@@ -54,8 +55,9 @@ void subtractRow(matrix4d& m, unsigned to, unsigned from, double factor)
 constinit const matrix4d identityMatrix{};
 constinit const matrix4d identityTable = turn({1, 0, 0, 0, 1, 0, 0, 0, 1});
 constinit const std::array<matrix4d, 5> axisPermutations{
-    turn({1, 0, 0, 0, -1, 0, 0, 0, -1}), turn({1, 0, 0, 0, 0, -1, 0, 1, 0}), turn({-1, 0, 0, 0, 0, 1, 0, 1, 0}),
-    turn({0, 0, -1, -1, 0, 0, 0, 1, 0}), turn({0, 0, 1, 1, 0, 0, 0, 1, 0}),
+    turn({1, 0, 0, 0, -1, 0, 0, 0, -1}), turn({1, 0, 0, 0, 0, -1, 0, 1, 0}),
+    turn({-1, 0, 0, 0, 0, 1, 0, 1, 0}),  turn({0, 0, -1, -1, 0, 0, 0, 1, 0}),
+    turn({0, 0, 1, 1, 0, 0, 0, 1, 0}),
 };
 
 // Z leads, and Y is made anew from Z and X: the axes of a caller need not be at right angles.
@@ -70,7 +72,8 @@ matrix4d::matrix4d(const point3d& origin, const vector3d& x, const vector3d&, co
     setColumn(3, origin.x, origin.y, origin.z);
 }
 
-matrix4d matrix4d::fromFrame(const point3d& origin, const vector3d& x, const vector3d& y, const vector3d& z)
+matrix4d matrix4d::fromFrame(const point3d& origin, const vector3d& x, const vector3d& y,
+                             const vector3d& z)
 {
     return {origin, x, y, z};
 }

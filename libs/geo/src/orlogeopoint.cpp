@@ -62,7 +62,8 @@ bool readTriple(Triple& to, const string& from, unsigned, const argumentList&)
     std::vector<string> pieces;
     Triple read;
     if (!splitTriple(text, pieces)) return false;
-    if (!convert(read.x, pieces[0]) || !convert(read.y, pieces[1]) || !convert(read.z, pieces[2])) return false;
+    if (!convert(read.x, pieces[0]) || !convert(read.y, pieces[1]) || !convert(read.z, pieces[2]))
+        return false;
     to = read;
     return true;
 }
@@ -151,7 +152,9 @@ vector3d normalized(const vector3d& u)
     return normalize(copy);
 }
 
-line3d::line3d(const point3d& through, const vector3d& along) : origin(through), direction(normalized(along)) {}
+line3d::line3d(const point3d& through, const vector3d& along)
+    : origin(through), direction(normalized(along))
+{}
 
 orlo::typeconvert::converterList detail::pointConverters()
 {

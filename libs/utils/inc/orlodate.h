@@ -90,7 +90,8 @@ private:
 
 namespace detail {
 // Converts text to date; also stands beside the converters of the timestamp.
-bool textToDate(date& to, const string& from, unsigned flags, const typeconvert::argumentList& arguments);
+bool textToDate(date& to, const string& from, unsigned flags,
+                const typeconvert::argumentList& arguments);
 
 typeconvert::converterList dateConverters();
 inline typeconvert::converterGroup dateConverterGroup{dateConverters()};

@@ -13,7 +13,8 @@ class directory : public fsEntry {
 public:
     // Stores `path` with its final backslash, or both joined and normalised if `second` is
     // not empty. The empty path is no directory.
-    explicit directory(const string& path = string::emptyString(), const string& second = string::emptyString());
+    explicit directory(const string& path = string::emptyString(),
+                       const string& second = string::emptyString());
 
     // Normalises the text and ends it in one backslash.
     void setPath(const string& newPath);
@@ -24,7 +25,8 @@ public:
     // Searches of this level, by a pattern with "*" and "?", without entries that have a bit
     // of `skipAttributes`.
     [[nodiscard]] fileSearch findFiles(const string& pattern, std::uint32_t skipAttributes) const;
-    [[nodiscard]] directorySearch findDirectories(const string& pattern, std::uint32_t skipAttributes) const;
+    [[nodiscard]] directorySearch findDirectories(const string& pattern,
+                                                  std::uint32_t skipAttributes) const;
 };
 
 // A running search for subdirectories: it is itself the current hit, with an empty path at

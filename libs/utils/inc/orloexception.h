@@ -38,13 +38,15 @@ class unexpectedErrorException : public exception {
 public:
     template <class... Arguments>
     explicit unexpectedErrorException(const char16_t* format, const Arguments&... arguments)
-        : unexpectedErrorException(detailTag{}, format,
-                                   std::array<formatArgument, sizeof...(arguments)>{formatArgument(arguments)...})
+        : unexpectedErrorException(
+              detailTag{}, format,
+              std::array<formatArgument, sizeof...(arguments)>{formatArgument(arguments)...})
     {}
 
 private:
     struct detailTag {};
-    unexpectedErrorException(detailTag, const char16_t* format, std::span<const formatArgument> arguments);
+    unexpectedErrorException(detailTag, const char16_t* format,
+                             std::span<const formatArgument> arguments);
 };
 
 // A failure with a file; its path is the parameter `File`.

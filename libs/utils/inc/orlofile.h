@@ -101,7 +101,8 @@ private:
 
 // A running search for files: it is itself the current hit, with an empty path at the end.
 //
-//   for (auto hit = folder.findFiles(u"*.xml", skipHiddenAndSystem); !hit.path().empty(); hit.next())
+//   for (auto hit = folder.findFiles(u"*.xml", skipHiddenAndSystem); !hit.path().empty();
+//   hit.next())
 //
 // Hits come in the system's order and never include directories.
 class fileSearch : public file {

@@ -98,7 +98,8 @@ public:
         return genericValue(new valueholder<T>(std::move(value)));
     }
     genericValue(const genericValue& other);
-    genericValue(genericValue&& other) noexcept : m_holder(std::exchange(other.m_holder, nullptr)) {}
+    genericValue(genericValue&& other) noexcept : m_holder(std::exchange(other.m_holder, nullptr))
+    {}
     genericValue& operator=(const genericValue& other);
     genericValue& operator=(genericValue&& other) noexcept
     {

@@ -31,7 +31,8 @@ public:
     // File names follow the default text; the list ends at the first null and may be empty.
     // `id` and `text` must not be null.
     template <std::convertible_to<const char16_t*>... Files>
-    locStringId(const char16_t* id, const char16_t* text, Files... files) : m_id(id), m_default(text)
+    locStringId(const char16_t* id, const char16_t* text, Files... files)
+        : m_id(id), m_default(text)
     {
         addFiles({static_cast<const char16_t*>(files)...});
     }
@@ -78,7 +79,8 @@ class locString : public iLocString {
 public:
     locString() = default;
     template <std::convertible_to<const char16_t*>... Files>
-    locString(const char16_t* id, const char16_t* text, Files... files) : m_locStringId(id, text, files...)
+    locString(const char16_t* id, const char16_t* text, Files... files)
+        : m_locStringId(id, text, files...)
     {}
     locString(const locString& other);
     locString& operator=(const locString& other);
@@ -91,7 +93,8 @@ public:
     void setParam(const genericValue& value, const char16_t* name);
 
     [[nodiscard]] const iLocStringId& getLocStringId() const override { return m_locStringId; }
-    const char16_t* getText(const char16_t* language = nullptr, std::vector<string>* scratch = nullptr) const override;
+    const char16_t* getText(const char16_t* language = nullptr,
+                            std::vector<string>* scratch = nullptr) const override;
     iLocString* clone(void* memory) const override;
     // Leaves the raw text of the language file, its places open, as the rendered text.
     bool hasText(const char16_t* language = nullptr) const override;
@@ -104,7 +107,8 @@ private:
         string name;
         genericValue value;
     };
-    void insertParam(const param& entry, const char16_t* language, std::vector<string>* scratch) const;
+    void insertParam(const param& entry, const char16_t* language,
+                     std::vector<string>* scratch) const;
 
     locStringId m_locStringId;
     std::vector<param> m_params;

@@ -46,7 +46,8 @@ void ensureTrailingSeparator(string& path);
 // The extension begins at the last dot, or at the first if `lastDot` is false. A path without
 // a separator behind its root loses the first character of its name. A path of one character
 // raises std::out_of_range, "invalid string position"; so do the five functions below.
-void splitPath(const string& path, string& root, string& directory, string& name, string& extension, bool lastDot);
+void splitPath(const string& path, string& root, string& directory, string& name, string& extension,
+               bool lastDot);
 
 string pathRoot(const string& path);
 // Upper-case drive letter, or a blank if the path has no drive.

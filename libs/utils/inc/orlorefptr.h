@@ -59,7 +59,9 @@ public:
     refptr(const refptr& other) : refptr(other.m_p) {}
     refptr(refptr&& other) noexcept : m_p(std::exchange(other.m_p, nullptr)) {}
     template <class U>
-    requires std::is_convertible_v<U*, T*> refptr(const refptr<U>& other) : refptr(static_cast<T*>(other.get())) {}
+    requires std::is_convertible_v<U*, T*> refptr(const refptr<U>& other)
+        : refptr(static_cast<T*>(other.get()))
+    {}
     refptr& operator=(refptr other) noexcept
     {
         std::swap(m_p, other.m_p);

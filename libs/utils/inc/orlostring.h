@@ -48,7 +48,8 @@ public:
     // text alone.
     //
     //   string(u"a=b=c").split(u"=", pieces, true)     { a, b=c }
-    bool split(std::u16string_view delimiter, std::vector<string>& pieces, bool firstOnly = false) const;
+    bool split(std::u16string_view delimiter, std::vector<string>& pieces,
+               bool firstOnly = false) const;
 
     // Case of ASCII letters, unit by unit; the length never changes.
     string& toLower();

@@ -14,7 +14,14 @@ namespace orlo {
 // One printf conversion while it is collected, from its percent sign to its letter.
 class conversionSpec {
 public:
-    enum class valueClass : std::uint32_t { none = 0, character = 1, integer = 2, floating = 3, text = 4, empty = 5 };
+    enum class valueClass : std::uint32_t {
+        none = 0,
+        character = 1,
+        integer = 2,
+        floating = 3,
+        text = 4,
+        empty = 5
+    };
     static constexpr std::size_t maxLength = 15;
 
     // Adds a unit; one beyond 15 is refused. A letter of a class completes the conversion.

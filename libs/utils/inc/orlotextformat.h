@@ -18,10 +18,19 @@ public:
 
     formatArgument(short value) : m_kind(kind::integer) { m_value.integer = value; }
     formatArgument(int value) : m_kind(kind::integer) { m_value.integer = value; }
-    formatArgument(long value) : m_kind(kind::integer) { m_value.integer = static_cast<std::int32_t>(value); }
+    formatArgument(long value) : m_kind(kind::integer)
+    {
+        m_value.integer = static_cast<std::int32_t>(value);
+    }
     formatArgument(long long value) : m_kind(kind::integer), m_bits(64) { m_value.integer = value; }
-    formatArgument(unsigned short value) : m_kind(kind::unsignedInteger) { m_value.unsignedInteger = value; }
-    formatArgument(unsigned value) : m_kind(kind::unsignedInteger) { m_value.unsignedInteger = value; }
+    formatArgument(unsigned short value) : m_kind(kind::unsignedInteger)
+    {
+        m_value.unsignedInteger = value;
+    }
+    formatArgument(unsigned value) : m_kind(kind::unsignedInteger)
+    {
+        m_value.unsignedInteger = value;
+    }
     formatArgument(unsigned long value) : m_kind(kind::unsignedInteger)
     {
         m_value.unsignedInteger = static_cast<std::uint32_t>(value);
@@ -42,7 +51,10 @@ public:
     // floating, floating is cut towards zero, a text where a number is needed counts as 0.
     [[nodiscard]] std::int64_t asInteger() const;
     [[nodiscard]] double asFloating() const;
-    [[nodiscard]] const char16_t* asText() const { return m_kind == kind::text ? m_value.text : nullptr; }
+    [[nodiscard]] const char16_t* asText() const
+    {
+        return m_kind == kind::text ? m_value.text : nullptr;
+    }
 
 private:
     kind m_kind;

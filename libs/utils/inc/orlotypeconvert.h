@@ -46,7 +46,8 @@ class typeConverterBase {
 public:
     [[nodiscard]] virtual const std::type_info& fromType() const = 0;
     [[nodiscard]] virtual const std::type_info& toType() const = 0;
-    virtual bool convertValue(void* to, const void* from, unsigned flags, const argumentList& arguments) const = 0;
+    virtual bool convertValue(void* to, const void* from, unsigned flags,
+                              const argumentList& arguments) const = 0;
 
 protected:
     constexpr typeConverterBase() = default;
@@ -57,16 +58,19 @@ protected:
 template <class From, class To>
 class typeConverter final : public typeConverterBase {
 public:
-    using function = bool (*)(To& to, const From& from, unsigned flags, const argumentList& arguments);
+    using function = bool (*)(To& to, const From& from, unsigned flags,
+                              const argumentList& arguments);
 
     constexpr explicit typeConverter(function convert) : convertFunction(convert) {}
 
     [[nodiscard]] const std::type_info& fromType() const override { return typeid(From); }
     [[nodiscard]] const std::type_info& toType() const override { return typeid(To); }
-    bool convertValue(void* to, const void* from, unsigned flags, const argumentList& arguments) const override
+    bool convertValue(void* to, const void* from, unsigned flags,
+                      const argumentList& arguments) const override
     {
         return convertFunction != nullptr &&
-               convertFunction(*static_cast<To*>(to), *static_cast<const From*>(from), flags, arguments);
+               convertFunction(*static_cast<To*>(to), *static_cast<const From*>(from), flags,
+                               arguments);
     }
 
     function convertFunction;
@@ -125,8 +129,8 @@ public:
     // Converts by the converter of the pair, else by the way through text where both legs
     // exist; false if there is no way or a leg fails. A failing first leg leaves the target
     // untouched.
-    bool convert(const std::type_info& toType, void* to, const std::type_info& fromType, const void* from,
-                 unsigned flags, const argumentList& arguments);
+    bool convert(const std::type_info& toType, void* to, const std::type_info& fromType,
+                 const void* from, unsigned flags, const argumentList& arguments);
 
     // Number of registered converters.
     [[nodiscard]] std::size_t size();
@@ -141,8 +145,8 @@ private:
     static converterKey keyOf(const std::type_info& type);
     void registerAll(converterList converters);
     const typeConverterBase* findDirect(const std::type_info& from, const std::type_info& to) const;
-    bool convertThroughText(const std::type_info& toType, void* to, const std::type_info& fromType, const void* from,
-                            unsigned flags, const argumentList& arguments) const;
+    bool convertThroughText(const std::type_info& toType, void* to, const std::type_info& fromType,
+                            const void* from, unsigned flags, const argumentList& arguments) const;
 
     static typeConverterRegistry* s_instance;
     static converterGroup* s_pending;
@@ -155,14 +159,16 @@ inline constexpr bool isOneOf = (std::is_same_v<T, Types> || ...);
 
 // The eleven types between which conversions are built in.
 template <class T>
-inline constexpr bool isPrimitive = isOneOf<T, bool, short, unsigned short, int, unsigned, long, unsigned long,
-                                            unsigned long long, float, double, string>;
+inline constexpr bool isPrimitive =
+    isOneOf<T, bool, short, unsigned short, int, unsigned, long, unsigned long, unsigned long long,
+            float, double, string>;
 
 // True for the 108 pairs with a direct conversion: all of different types but float and
 // double to bool, which go through text.
 template <class To, class From>
-inline constexpr bool isPrimitivePair = (isPrimitive<To>)&&(isPrimitive<From>)&&!std::is_same_v<To, From> &&
-                                        !(std::is_same_v<To, bool> && std::is_floating_point_v<From>);
+inline constexpr bool
+    isPrimitivePair = (isPrimitive<To>)&&(isPrimitive<From>)&&!std::is_same_v<To, From> &&
+                      !(std::is_same_v<To, bool> && std::is_floating_point_v<From>);
 
 // The built-in conversions. True if the value fitted. A number that does not fit becomes the
 // nearest limit of its target, with false; a text that can't be read leaves the target
@@ -191,7 +197,8 @@ bool convertWith(To& to, const From& from, unsigned flags, const argumentList& a
     if constexpr (isPrimitivePair<To, From>)
         return convertPrimitive<To, From>(to, from, flags, arguments);
     else
-        return typeConverterRegistry::instance().convert(typeid(To), &to, typeid(From), &from, flags, arguments);
+        return typeConverterRegistry::instance().convert(typeid(To), &to, typeid(From), &from,
+                                                         flags, arguments);
 }
 
 // The same with the optional arguments written out: convert(text, 255, formatGiven, hexLower).

@@ -23,8 +23,8 @@ constexpr std::uint32_t everyAttribute = 1 | 2 | 4 | 16 | 32;
 
 class namesTest : public systemTest {
 protected:
-    [[nodiscard]] std::map<string, std::uint32_t> search(const string& pattern,
-                                                         std::uint32_t wanted = everyAttribute) const
+    [[nodiscard]] std::map<string, std::uint32_t>
+    search(const string& pattern, std::uint32_t wanted = everyAttribute) const
     {
         std::map<string, std::uint32_t> hits;
         platform::searchHit hit;
@@ -85,7 +85,8 @@ TEST_F(namesTest, haveTheRootAsDriveC)
         {u"//server/share", ""},
         {u"\\/server", ""},
     };
-    for (const auto& row : rows) EXPECT_EQ(platform::nativePath(row.path), row.native) << narrow(string(row.path));
+    for (const auto& row : rows)
+        EXPECT_EQ(platform::nativePath(row.path), row.native) << narrow(string(row.path));
 }
 
 TEST_F(namesTest, tellAnAbsolutePathOfTheSystem)
@@ -113,7 +114,8 @@ TEST_F(namesTest, surviveWhateverTheirBytesAre)
         put(row.bytes, "found");
         const string expected(row.units.data(), row.units.size());
         ASSERT_EQ(names(u"*"), nameSet{expected});
-        const platform::fileHandle file = platform::openFile(path("") + expected, platform::openMode::read);
+        const platform::fileHandle file =
+            platform::openFile(path("") + expected, platform::openMode::read);
         EXPECT_NE(file, platform::noFile);
         platform::closeFile(file);
         EXPECT_TRUE(platform::removeFile(path("") + expected));
@@ -129,7 +131,8 @@ TEST_F(namesTest, survivePairsOfEveryTwoBytes)
             string name;
             platform::nameOf(bytes, name);
             ASSERT_EQ(platform::nativeText(name), bytes) << first << ' ' << second;
-            ASSERT_EQ(platform::nativeText(platform::textOf(bytes)), bytes) << first << ' ' << second;
+            ASSERT_EQ(platform::nativeText(platform::textOf(bytes)), bytes)
+                << first << ' ' << second;
         }
     }
 }
@@ -204,7 +207,8 @@ TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
 TEST_F(namesTest, ofLinksThatASearchFindsAreRemovedUnlessTheyLeadToAFolder)
 {
     linkToEachKind();
-    for (auto hit = directory(path("")).findFiles(u"to-*", 0); !hit.path().empty();) EXPECT_TRUE(hit.removeAndNext());
+    for (auto hit = directory(path("")).findFiles(u"to-*", 0); !hit.path().empty();)
+        EXPECT_TRUE(hit.removeAndNext());
     EXPECT_TRUE(isThere("to-folder"));
     EXPECT_FALSE(isThere("to-file"));
     EXPECT_FALSE(isThere("to-nothing"));
@@ -213,7 +217,8 @@ TEST_F(namesTest, ofLinksThatASearchFindsAreRemovedUnlessTheyLeadToAFolder)
 
 TEST_F(patternTest, letsAQuestionMarkStandForNothingBeforeADotAndAtTheEnd)
 {
-    for (const char* name : {"a", "ab", "abc", "a.txt", "ab.txt", "abc.txt", "a.b.txt"}) put(name, "");
+    for (const char* name : {"a", "ab", "abc", "a.txt", "ab.txt", "abc.txt", "a.b.txt"})
+        put(name, "");
     const struct {
         const char16_t* pattern;
         nameSet found;
@@ -226,7 +231,8 @@ TEST_F(patternTest, letsAQuestionMarkStandForNothingBeforeADotAndAtTheEnd)
         {u"ab.????", {u"ab", u"ab.txt"}},
         {u"ab.??", {u"ab"}},
     };
-    for (const auto& row : rows) EXPECT_EQ(names(row.pattern), row.found) << narrow(string(row.pattern));
+    for (const auto& row : rows)
+        EXPECT_EQ(names(row.pattern), row.found) << narrow(string(row.pattern));
 }
 
 TEST_F(patternTest, takesTheLastDotForTheExtension)
@@ -245,7 +251,8 @@ TEST_F(patternTest, takesTheLastDotForTheExtension)
         {u"**", {u"a", u"a.b", u"a.b.c", u"a.bc", u".c"}},
         {u"a*b*c", {u"a.b.c", u"a.bc"}},
     };
-    for (const auto& row : rows) EXPECT_EQ(names(row.pattern), row.found) << narrow(string(row.pattern));
+    for (const auto& row : rows)
+        EXPECT_EQ(names(row.pattern), row.found) << narrow(string(row.pattern));
 }
 
 TEST_F(patternTest, isQuickWhateverItIs)

@@ -26,7 +26,8 @@ std::string drain(int from)
 {
     std::string all;
     char block[4096];
-    for (ssize_t got = ::read(from, block, sizeof block); got > 0; got = ::read(from, block, sizeof block)) {
+    for (ssize_t got = ::read(from, block, sizeof block); got > 0;
+         got = ::read(from, block, sizeof block)) {
         all.append(block, static_cast<std::size_t>(got));
     }
     ::close(from);
@@ -39,7 +40,8 @@ ending runApart(const std::string& input, const std::function<void()>& work)
     int in[2];
     int out[2];
     int err[2];
-    if (::pipe(in) != 0 || ::pipe(out) != 0 || ::pipe(err) != 0) throw std::runtime_error("no pipe");
+    if (::pipe(in) != 0 || ::pipe(out) != 0 || ::pipe(err) != 0)
+        throw std::runtime_error("no pipe");
     const pid_t child = ::fork();
     if (child == 0) {
         const rlimit noCore = {0, 0};
@@ -160,7 +162,8 @@ TEST(localeSystem, tellsTheSeparatorOfTheEnvironment)
             ::setenv("LC_ALL", name, 1);
             string user;
             string system;
-            const bool told = platform::userDecimalSeparator(user) && platform::systemDecimalSeparator(system);
+            const bool told =
+                platform::userDecimalSeparator(user) && platform::systemDecimalSeparator(system);
             ::_exit(told && user == u"." && system == u"." ? 0 : 1);
         });
         EXPECT_EQ(end.status, 0) << name;

@@ -23,9 +23,11 @@ bool isThere(const wstring& path)
 void writeText(const wstring& path, const wstring& text)
 {
     const wstring draft = path + L".draft";
-    const HANDLE file = CreateFileW(draft.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
+    const HANDLE file =
+        CreateFileW(draft.c_str(), GENERIC_WRITE, 0, nullptr, CREATE_ALWAYS, 0, nullptr);
     DWORD written = 0;
-    WriteFile(file, text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written, nullptr);
+    WriteFile(file, text.data(), static_cast<DWORD>(text.size() * sizeof(wchar_t)), &written,
+              nullptr);
     CloseHandle(file);
     MoveFileW(draft.c_str(), path.c_str());
 }
@@ -42,8 +44,8 @@ wstring textOf(HWND window)
 {
     wstring text(2048, L'\0');
     DWORD_PTR length = 0;
-    SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()), SMTO_NORMAL, 5000,
-                        &length);
+    SendMessageTimeoutW(window, WM_GETTEXT, text.size(), reinterpret_cast<LPARAM>(text.data()),
+                        SMTO_NORMAL, 5000, &length);
     text.resize(static_cast<std::size_t>(length));
     return text;
 }
@@ -87,7 +89,8 @@ wstring describe(HWND box)
     EnumChildWindows(box, noteControl, reinterpret_cast<LPARAM>(&content));
     const int owners = GetWindow(box, GW_OWNER) != nullptr;
     return textOf(box) + L"\nbuttons " + std::to_wstring(content.buttons) + L", icons " +
-           std::to_wstring(content.icons) + L", owners " + std::to_wstring(owners) + L"\n" + content.text;
+           std::to_wstring(content.icons) + L", owners " + std::to_wstring(owners) + L"\n" +
+           content.text;
 }
 
 wstring nextFile(const wstring& folder)

@@ -11,7 +11,8 @@ std::uint32_t* buildTable()
     auto* table = new std::uint32_t[tableSize];
     for (std::uint32_t byte = 0; byte < tableSize; ++byte) {
         std::uint32_t entry = byte;
-        for (int bit = 0; bit < 8; ++bit) entry = (entry & 1) != 0 ? entry >> 1 ^ reflectedPolynomial : entry >> 1;
+        for (int bit = 0; bit < 8; ++bit)
+            entry = (entry & 1) != 0 ? entry >> 1 ^ reflectedPolynomial : entry >> 1;
         table[byte] = entry;
     }
     return table;

@@ -14,7 +14,8 @@ constexpr std::size_t assertionRoom = 1024;
 
 // Formats into the whole buffer; a text that is too long is cut.
 template <std::size_t room>
-void formatCut(char16_t (&buffer)[room], const char16_t* format, std::span<const formatArgument> arguments)
+void formatCut(char16_t (&buffer)[room], const char16_t* format,
+               std::span<const formatArgument> arguments)
 {
     formatText(buffer, room - 1, format, arguments);
     buffer[room - 1] = 0;

@@ -22,7 +22,9 @@ constexpr std::uint32_t monthLengths[2][monthsInYear] = {
 
 // A day on its way to another date; it may lie beyond the last year that a date can hold.
 struct calendarDay {
-    explicit calendarDay(const date& from) : year(from.getYear()), month(from.getMonth()), day(from.getDay()) {}
+    explicit calendarDay(const date& from)
+        : year(from.getYear()), month(from.getMonth()), day(from.getDay())
+    {}
 
     std::uint32_t year;
     std::uint32_t month;
@@ -109,8 +111,9 @@ void skipMonthsBack(calendarDay& at, std::uint32_t& count, std::uint32_t firstDa
 bool dateToText(string& to, const date& from, unsigned, const typeconvert::argumentList&)
 {
     string text;
-    formatText(text, u"%04d/%02d/%02d",
-               std::initializer_list<formatArgument>{from.getYear(), from.getMonth(), from.getDay()});
+    formatText(
+        text, u"%04d/%02d/%02d",
+        std::initializer_list<formatArgument>{from.getYear(), from.getMonth(), from.getDay()});
     to.swap(text);
     return true;
 }
@@ -118,7 +121,8 @@ bool dateToText(string& to, const date& from, unsigned, const typeconvert::argum
 string withoutQuotes(const string& text)
 {
     string bare(text);
-    if (!bare.empty() && (bare.front() == u'"' || bare.front() == u'\'')) bare.trimLeft(u"'\" ").trimRight(u"'\" ");
+    if (!bare.empty() && (bare.front() == u'"' || bare.front() == u'\''))
+        bare.trimLeft(u"'\" ").trimRight(u"'\" ");
     return bare;
 }
 
@@ -172,7 +176,8 @@ date::date(const std::tm* brokenDown)
 {
     if (brokenDown == nullptr) throw false;
     *this = date(static_cast<std::uint32_t>(brokenDown->tm_year) + 1900,
-                 static_cast<std::uint32_t>(brokenDown->tm_mon) + 1, static_cast<std::uint32_t>(brokenDown->tm_mday));
+                 static_cast<std::uint32_t>(brokenDown->tm_mon) + 1,
+                 static_cast<std::uint32_t>(brokenDown->tm_mday));
 }
 
 date date::today()
@@ -184,7 +189,8 @@ date date::today()
 std::uint32_t date::dayOfYear() const
 {
     std::uint32_t passed = getDay();
-    for (std::uint32_t month = 1; month < getMonth(); ++month) passed += daysInMonth(month, getYear());
+    for (std::uint32_t month = 1; month < getMonth(); ++month)
+        passed += daysInMonth(month, getYear());
     return passed;
 }
 

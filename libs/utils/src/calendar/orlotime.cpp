@@ -19,13 +19,14 @@ struct textPart {
     place stands;
     std::uint32_t limit;
 };
-constexpr textPart textParts[] = {{hourPlace, 24}, {minutePlace, 59}, {secondPlace, 59}, {secondPlace, 999}};
+constexpr textPart textParts[] = {
+    {hourPlace, 24}, {minutePlace, 59}, {secondPlace, 59}, {secondPlace, 999}};
 
 void appendTime(string& out, const time& from)
 {
-    formatText(
-        out, u"%02d:%02d:%02d:%02d",
-        std::initializer_list<formatArgument>{from.getHour(), from.getMinute(), from.getSecond(), from.getFraction()});
+    formatText(out, u"%02d:%02d:%02d:%02d",
+               std::initializer_list<formatArgument>{from.getHour(), from.getMinute(),
+                                                     from.getSecond(), from.getFraction()});
 }
 
 bool timeToText(string& to, const time& from, unsigned, const typeconvert::argumentList&)
@@ -63,7 +64,8 @@ bool timestampToText(string& to, const timestamp& from, unsigned, const typeconv
 
 } // namespace
 
-time::time(std::uint32_t hour, std::uint32_t minute, std::uint32_t second, std::uint32_t millisecond)
+time::time(std::uint32_t hour, std::uint32_t minute, std::uint32_t second,
+           std::uint32_t millisecond)
 {
     if (hour == 24 && minute == 0 && second == 0 && millisecond == 0) {
         m_word = 86400u << secondsShift;
@@ -85,8 +87,8 @@ typeconvert::converterList detail::timeConverters()
     static constexpr typeconvert::typeConverter<timestamp, string> timestampText(timestampToText);
     // The text of a timestamp reads as a date, so that this pair stands here once more.
     static constexpr typeconvert::typeConverter<string, date> dateFromText(detail::textToDate);
-    static constexpr const typeconvert::typeConverterBase* all[] = {&timeText, &timeFromText, &timestampText,
-                                                                    &dateFromText};
+    static constexpr const typeconvert::typeConverterBase* all[] = {&timeText, &timeFromText,
+                                                                    &timestampText, &dateFromText};
     return all;
 }
 

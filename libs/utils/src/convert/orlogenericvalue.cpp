@@ -13,7 +13,9 @@ bool genericValue::holderbase::convertInto(holderbase& to, const holderbase& fro
     return registry.convert(to.typeInfo(), target, from.typeInfo(), source, 0, {});
 }
 
-genericValue::genericValue(const genericValue& other) : m_holder(other.m_holder ? other.m_holder->clone() : nullptr) {}
+genericValue::genericValue(const genericValue& other)
+    : m_holder(other.m_holder ? other.m_holder->clone() : nullptr)
+{}
 
 genericValue& genericValue::operator=(const genericValue& other)
 {

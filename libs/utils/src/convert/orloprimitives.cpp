@@ -152,7 +152,8 @@ bool readText(bool& to, const string& text)
 // the number. Texts of a usual length are copied without the heap.
 bool readText(double& to, const string& text)
 {
-    if (std::find(text.begin(), text.end(), u',') == text.end()) return scanDouble(text.c_str(), to);
+    if (std::find(text.begin(), text.end(), u',') == text.end())
+        return scanDouble(text.c_str(), to);
 
     char16_t units[64];
     if (text.size() < std::size(units)) {
@@ -190,7 +191,8 @@ void writeForUser(string& to, std::u16string_view printed, bool keepZeros)
     string text(printed);
     string separator;
     const std::size_t point = text.find(u'.');
-    if (point != string::npos && platform::userDecimalSeparator(separator)) text.replace(point, 1, separator);
+    if (point != string::npos && platform::userDecimalSeparator(separator))
+        text.replace(point, 1, separator);
     if (!keepZeros) text.erase(std::max<std::size_t>(text.find_last_not_of(u'0') + 1, 1));
     if (platform::systemDecimalSeparator(separator) && text.ends_with(separator))
         text.erase(text.size() - separator.size());
@@ -204,7 +206,8 @@ void writeDouble(string& to, double value, unsigned flags, const argumentList& a
         return;
     }
     char16_t units[numberRoom];
-    const std::u16string_view printed(units, printFixed(units, value, decimalsOf(flags, arguments)));
+    const std::u16string_view printed(units,
+                                      printFixed(units, value, decimalsOf(flags, arguments)));
     if ((flags & localeNumbers) == 0)
         to.assign(printed);
     else
@@ -286,7 +289,8 @@ bool widenPointer(string& to, const char* const& from, unsigned, const argumentL
 bool widenText(string& to, const std::string& from, unsigned, const argumentList&)
 {
     to.resize(from.size());
-    std::ranges::transform(from, to.begin(), [](char byte) { return static_cast<unsigned char>(byte); });
+    std::ranges::transform(from, to.begin(),
+                           [](char byte) { return static_cast<unsigned char>(byte); });
     return true;
 }
 

@@ -75,15 +75,18 @@ void typeConverterRegistry::unregisterConverter(const typeConverterBase* convert
 {
     mutexLock lock(&m_mutex);
     const auto [first, last] = m_converters.equal_range(keyOf(converter->fromType()));
-    const auto entry = std::find_if(first, last, [&](const auto& each) { return each.second == converter; });
+    const auto entry =
+        std::find_if(first, last, [&](const auto& each) { return each.second == converter; });
     if (entry != last) m_converters.erase(entry);
 }
 
-bool typeConverterRegistry::convert(const std::type_info& toType, void* to, const std::type_info& fromType,
-                                    const void* from, unsigned flags, const argumentList& arguments)
+bool typeConverterRegistry::convert(const std::type_info& toType, void* to,
+                                    const std::type_info& fromType, const void* from,
+                                    unsigned flags, const argumentList& arguments)
 {
     mutexLock lock(&m_mutex);
-    if (const auto* direct = findDirect(fromType, toType)) return direct->convertValue(to, from, flags, arguments);
+    if (const auto* direct = findDirect(fromType, toType))
+        return direct->convertValue(to, from, flags, arguments);
     return convertThroughText(toType, to, fromType, from, flags, arguments);
 }
 
@@ -95,7 +98,8 @@ std::size_t typeConverterRegistry::size()
 
 // The exact pair, else the first entry under the key that leads to the target: that entry has
 // another source type only where two names share a key.
-const typeConverterBase* typeConverterRegistry::findDirect(const std::type_info& from, const std::type_info& to) const
+const typeConverterBase* typeConverterRegistry::findDirect(const std::type_info& from,
+                                                           const std::type_info& to) const
 {
     const typeConverterBase* sameTarget = nullptr;
     const auto [first, last] = m_converters.equal_range(keyOf(from));
@@ -108,8 +112,9 @@ const typeConverterBase* typeConverterRegistry::findDirect(const std::type_info&
     return sameTarget;
 }
 
-bool typeConverterRegistry::convertThroughText(const std::type_info& toType, void* to, const std::type_info& fromType,
-                                               const void* from, unsigned flags, const argumentList& arguments) const
+bool typeConverterRegistry::convertThroughText(const std::type_info& toType, void* to,
+                                               const std::type_info& fromType, const void* from,
+                                               unsigned flags, const argumentList& arguments) const
 {
     const typeConverterBase* write = nullptr;
     const typeConverterBase* read = nullptr;
@@ -123,7 +128,8 @@ bool typeConverterRegistry::convertThroughText(const std::type_info& toType, voi
     if (write == nullptr || read == nullptr) return false;
 
     string text;
-    return write->convertValue(&text, from, flags, arguments) && read->convertValue(to, &text, flags, arguments);
+    return write->convertValue(&text, from, flags, arguments) &&
+           read->convertValue(to, &text, flags, arguments);
 }
 
 } // namespace orlo::typeconvert

@@ -26,12 +26,14 @@ fileSearch directory::findFiles(const string& pattern, std::uint32_t skipAttribu
     return {*this, pattern, skipAttributes};
 }
 
-directorySearch directory::findDirectories(const string& pattern, std::uint32_t skipAttributes) const
+directorySearch directory::findDirectories(const string& pattern,
+                                           std::uint32_t skipAttributes) const
 {
     return {*this, pattern, skipAttributes};
 }
 
-directorySearch::directorySearch(const directory& where, const string& pattern, std::uint32_t skipAttributes)
+directorySearch::directorySearch(const directory& where, const string& pattern,
+                                 std::uint32_t skipAttributes)
     : m_basePath(where.path()), m_search(skipAttributes, attributeSubdirectory)
 {
     if (m_search.start(m_basePath + pattern))

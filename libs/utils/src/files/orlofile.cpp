@@ -10,7 +10,9 @@ namespace orlo {
 
 file::file(const string& path) : fsEntry(path, string::emptyString(), false) {}
 
-file::file(const string& basePath, const string& name) : fsEntry(joining::always, basePath, name, false) {}
+file::file(const string& basePath, const string& name)
+    : fsEntry(joining::always, basePath, name, false)
+{}
 
 file::file(const fsEntry& base, const string& name) : file(base.path(), name) {}
 
@@ -39,7 +41,8 @@ bool file::isWritable() const
 
 bool file::copyTo(const file& target, bool overwriteTarget) const
 {
-    return !m_path.empty() && !target.m_path.empty() && platform::copyFile(m_path, target.m_path, !overwriteTarget);
+    return !m_path.empty() && !target.m_path.empty() &&
+           platform::copyFile(m_path, target.m_path, !overwriteTarget);
 }
 
 bool file::create(unsigned mode) const
@@ -89,8 +92,9 @@ entrySearch::entrySearch(std::uint32_t skipAttributes, std::uint32_t neededAttri
 {}
 
 entrySearch::entrySearch(entrySearch&& other) noexcept
-    : m_handle(std::exchange(other.m_handle, platform::noSearch)), m_skipAttributes(other.m_skipAttributes),
-      m_neededAttributes(other.m_neededAttributes), m_name(std::move(other.m_name))
+    : m_handle(std::exchange(other.m_handle, platform::noSearch)),
+      m_skipAttributes(other.m_skipAttributes), m_neededAttributes(other.m_neededAttributes),
+      m_name(std::move(other.m_name))
 {}
 
 entrySearch::~entrySearch()
@@ -124,8 +128,8 @@ bool entrySearch::remove(const string& path) const
 bool entrySearch::accept(platform::searchHit& hit)
 {
     const bool wanted = (hit.attributes & m_skipAttributes) == 0 &&
-                        (hit.attributes & m_neededAttributes) == m_neededAttributes && hit.name != u"." &&
-                        hit.name != u"..";
+                        (hit.attributes & m_neededAttributes) == m_neededAttributes &&
+                        hit.name != u"." && hit.name != u"..";
     if (wanted) m_name.swap(hit.name);
     return wanted;
 }
@@ -137,7 +141,8 @@ fileSearch::fileSearch(const directory& where, const string& pattern, std::uint3
       m_search(skipAttributes | attributeSubdirectory, 0)
 {
     // A prefix in the normal form lets each hit's path be normal as it is put together.
-    if (m_hitPrefix.empty() || normalizePath(m_hitPrefix, true) != m_hitPrefix) m_hitPrefix.push_back(u'\\');
+    if (m_hitPrefix.empty() || normalizePath(m_hitPrefix, true) != m_hitPrefix)
+        m_hitPrefix.push_back(u'\\');
     if (m_search.start(where.path() + pattern))
         takeHit();
     else
@@ -168,8 +173,8 @@ void fileSearch::takeHit()
 bool fileSearch::isNamedAsFound() const
 {
     const string& name = m_search.name();
-    return m_staysInDirectory && m_path.size() == m_hitPrefix.size() + name.size() && m_path.starts_with(m_hitPrefix) &&
-           m_path.ends_with(name);
+    return m_staysInDirectory && m_path.size() == m_hitPrefix.size() + name.size() &&
+           m_path.starts_with(m_hitPrefix) && m_path.ends_with(name);
 }
 
 namespace {

@@ -8,7 +8,8 @@
 namespace orlo {
 
 fsEntry::fsEntry(const string& path, const string& second, bool trailing)
-    : m_path(second.empty() ? path : combinePath(path, second, false)), m_trailingSeparator(trailing)
+    : m_path(second.empty() ? path : combinePath(path, second, false)),
+      m_trailingSeparator(trailing)
 {
     if (m_trailingSeparator) ensureTrailingSeparator(m_path);
 }

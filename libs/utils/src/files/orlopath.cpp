@@ -22,7 +22,8 @@ struct pathParts {
 pathParts partsOf(const string& path, std::uint32_t flags)
 {
     pathParts parts;
-    splitPath(path, parts.root, parts.directory, parts.name, parts.extension, (flags & extensionAtFirstDot) == 0);
+    splitPath(path, parts.root, parts.directory, parts.name, parts.extension,
+              (flags & extensionAtFirstDot) == 0);
     return parts;
 }
 
@@ -70,7 +71,8 @@ void expandVariable(string& path)
     if (second == string::npos || second == first + 1) return;
     const string marked = path.substr(first, second + 1 - first);
     string value;
-    if (getEnvironmentVariable(marked.substr(1, marked.size() - 2).c_str(), value)) path.replaceAll(marked, value);
+    if (getEnvironmentVariable(marked.substr(1, marked.size() - 2).c_str(), value))
+        path.replaceAll(marked, value);
 }
 
 // What follows the closing quote is lost; the closing quote itself may be missing.
@@ -195,7 +197,8 @@ void ensureTrailingSeparator(string& path)
     if (!path.empty()) path.push_back(separator);
 }
 
-void splitPath(const string& path, string& root, string& directory, string& name, string& extension, bool lastDot)
+void splitPath(const string& path, string& root, string& directory, string& name, string& extension,
+               bool lastDot)
 {
     for (string* part : {&root, &directory, &name, &extension}) part->clear();
     if (path.empty()) return;
@@ -249,7 +252,8 @@ string pathName(const string& path, std::uint32_t flags)
         result.append(parts.directory);
     }
     result.append(parts.name);
-    if ((flags & withoutExtension) == 0 || (flags & withExtension) != 0) result.append(dotted(parts.extension));
+    if ((flags & withoutExtension) == 0 || (flags & withExtension) != 0)
+        result.append(dotted(parts.extension));
     return result;
 }
 

@@ -44,8 +44,9 @@ void searchPath::addDirectory(const directory& entry)
 bool searchPath::containsDirectory(const directory& entry) const
 {
     const string sought = entry.path().lowerCopy();
-    return std::any_of(m_directories.begin(), m_directories.end(),
-                       [&sought](const directory& known) { return known.path().lowerCopy() == sought; });
+    return std::any_of(
+        m_directories.begin(), m_directories.end(),
+        [&sought](const directory& known) { return known.path().lowerCopy() == sought; });
 }
 
 bool searchPath::findInDirectories(const string& name, directory& out, bool recursive) const
@@ -76,8 +77,8 @@ void searchPath::parse(const string& text, const directory& base, char16_t delim
         piece.trimLeft(blanks).trimRight(blanks);
         if (piece.empty()) continue;
         // Any leading dot counts, that of ".hidden" too.
-        const directory entry =
-            piece[0] == u'.' ? directory(base.path(), piece) : directory(normalizePath(piece, false));
+        const directory entry = piece[0] == u'.' ? directory(base.path(), piece)
+                                                 : directory(normalizePath(piece, false));
         if (entry.exists()) addDirectory(entry);
     }
 }
@@ -85,7 +86,8 @@ void searchPath::parse(const string& text, const directory& base, char16_t delim
 namespace {
 
 // What the target holds already stays before the new directories.
-bool textToSearchPath(searchPath& to, const string& from, unsigned, const typeconvert::argumentList&)
+bool textToSearchPath(searchPath& to, const string& from, unsigned,
+                      const typeconvert::argumentList&)
 {
     directory program;
     getModuleDirectory(string::emptyString(), program);
@@ -93,7 +95,8 @@ bool textToSearchPath(searchPath& to, const string& from, unsigned, const typeco
     return true;
 }
 
-bool searchPathToText(string& to, const searchPath& from, unsigned, const typeconvert::argumentList&)
+bool searchPathToText(string& to, const searchPath& from, unsigned,
+                      const typeconvert::argumentList&)
 {
     string text;
     for (const directory& entry : from.directories()) {

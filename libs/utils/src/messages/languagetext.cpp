@@ -29,7 +29,9 @@ std::string readBytes(platform::fileHandle handle, std::size_t size)
 std::u16string copyUnits(std::string_view bytes)
 {
     std::u16string units(bytes.size() / 2, u'\0');
-    const auto byteAt = [bytes](std::size_t index) { return static_cast<unsigned char>(bytes[index]); };
+    const auto byteAt = [bytes](std::size_t index) {
+        return static_cast<unsigned char>(bytes[index]);
+    };
     for (std::size_t index = 0; index < units.size(); ++index)
         units[index] = static_cast<char16_t>(byteAt(2 * index) | byteAt(2 * index + 1) << 8);
     return units;
@@ -38,14 +40,16 @@ std::u16string copyUnits(std::string_view bytes)
 std::u16string decodeWith(platform::encoding from, std::string_view bytes)
 {
     std::u16string units(bytes.size(), u'\0');
-    if (!bytes.empty()) units.resize(platform::decode(from, bytes.data(), bytes.size(), units.data()));
+    if (!bytes.empty())
+        units.resize(platform::decode(from, bytes.data(), bytes.size(), units.data()));
     return units;
 }
 
 std::u16string decodeByMark(std::string_view bytes)
 {
     if (bytes.starts_with(utf16Mark)) return copyUnits(bytes.substr(utf16Mark.size()));
-    if (bytes.starts_with(utf8Mark)) return decodeWith(platform::encoding::utf8, bytes.substr(utf8Mark.size()));
+    if (bytes.starts_with(utf8Mark))
+        return decodeWith(platform::encoding::utf8, bytes.substr(utf8Mark.size()));
     return decodeWith(platform::encoding::unmarked, bytes);
 }
 

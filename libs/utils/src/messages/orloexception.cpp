@@ -21,7 +21,9 @@ exception::exception(const locString& message, const exception* inner) : m_messa
     message.getText(nullptr, &scratch);
 }
 
-outOfMemoryException::outOfMemoryException() : exception(locString(u"Msg_EOutOfMem", u"Out of memory")) {}
+outOfMemoryException::outOfMemoryException()
+    : exception(locString(u"Msg_EOutOfMem", u"Out of memory"))
+{}
 
 unexpectedErrorException::unexpectedErrorException(detailTag, const char16_t* format,
                                                    std::span<const formatArgument> arguments)
@@ -32,7 +34,8 @@ unexpectedErrorException::unexpectedErrorException(detailTag, const char16_t* fo
     m_message.setParam(details, u"Details");
 }
 
-fileException::fileException(const locString& message, const file& concerned, const exception* inner)
+fileException::fileException(const locString& message, const file& concerned,
+                             const exception* inner)
     : exception(message, inner)
 {
     m_message.setParam(concerned.path(), u"File");
@@ -51,7 +54,8 @@ writeFileException::writeFileException(const file& concerned, const exception* i
 {}
 
 invalidXmlException::invalidXmlException(const file& concerned)
-    : fileException(locString(u"Msg_EInvalidXml", u"File [File] is not a valid XML-file!"), concerned, nullptr)
+    : fileException(locString(u"Msg_EInvalidXml", u"File [File] is not a valid XML-file!"),
+                    concerned, nullptr)
 {}
 
 } // namespace orlo

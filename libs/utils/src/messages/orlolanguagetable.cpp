@@ -19,8 +19,9 @@ namespace {
 
 bool equalPaths(const string& a, const string& b)
 {
-    return std::equal(a.begin(), a.end(), b.begin(), b.end(),
-                      [](char16_t x, char16_t y) { return x == y || lowerUnit(x) == lowerUnit(y); });
+    return std::equal(a.begin(), a.end(), b.begin(), b.end(), [](char16_t x, char16_t y) {
+        return x == y || lowerUnit(x) == lowerUnit(y);
+    });
 }
 
 // The parts of an address in one text, as locStringId gives it.
@@ -44,7 +45,8 @@ address takeApart(const iLocStringId& id)
 
 struct languageTable::record {
     record();
-    bool find(const string& name, std::initializer_list<const char16_t*> languages, file& found) const;
+    bool find(const string& name, std::initializer_list<const char16_t*> languages,
+              file& found) const;
     bool findInList(const string& files, const char16_t* language, file& found) const;
     bool findFile(const string& files, const char16_t* language, file& found) const;
     locFile& cached(const file& found);
@@ -63,12 +65,14 @@ languageTable::record::record()
     directory executable;
     getModuleDirectory(string::emptyString(), executable);
     m_searchPath.addDirectory(executable);
-    m_searchPath.addDirectory(directory(normalizePath(executable.path() + u"../config/Language", true)));
+    m_searchPath.addDirectory(
+        directory(normalizePath(executable.path() + u"../config/Language", true)));
 }
 
 // The file as it is named, then in the folders of the languages; null stands for none. An
 // empty name finds nothing, whatever the folders are.
-bool languageTable::record::find(const string& name, std::initializer_list<const char16_t*> languages,
+bool languageTable::record::find(const string& name,
+                                 std::initializer_list<const char16_t*> languages,
                                  file& found) const
 {
     if (name.empty()) return false;
@@ -78,7 +82,8 @@ bool languageTable::record::find(const string& name, std::initializer_list<const
     });
 }
 
-bool languageTable::record::findInList(const string& files, const char16_t* language, file& found) const
+bool languageTable::record::findInList(const string& files, const char16_t* language,
+                                       file& found) const
 {
     std::vector<string> names;
     files.split(u",", names);
@@ -89,21 +94,25 @@ bool languageTable::record::findInList(const string& files, const char16_t* lang
 
 // A language of the caller comes before the current one for a list of files, and takes its
 // place for a single file. Texts in the field rely on the difference.
-bool languageTable::record::findFile(const string& files, const char16_t* language, file& found) const
+bool languageTable::record::findFile(const string& files, const char16_t* language,
+                                     file& found) const
 {
     if (files.find(u',') != files.npos) return findInList(files, language, found);
-    return find(files.empty() ? m_defaultFile : files, {language ? language : m_language.c_str()}, found);
+    return find(files.empty() ? m_defaultFile : files, {language ? language : m_language.c_str()},
+                found);
 }
 
 locFile& languageTable::record::cached(const file& found)
 {
-    const auto known = std::find_if(m_cache.begin(), m_cache.end(),
-                                    [&](const locFile& entry) { return equalPaths(entry.path(), found.path()); });
+    const auto known = std::find_if(m_cache.begin(), m_cache.end(), [&](const locFile& entry) {
+        return equalPaths(entry.path(), found.path());
+    });
     if (known != m_cache.end()) return *known;
     // Complete before it is kept: an entry gets its override file but once.
     locFile added(found);
     if (!m_overridePrefix.empty())
-        added.setOverrideFile(file(pathDirectory(found.path()), m_overridePrefix + u"_" + pathName(found.path())));
+        added.setOverrideFile(
+            file(pathDirectory(found.path()), m_overridePrefix + u"_" + pathName(found.path())));
     return m_cache.emplace_back(std::move(added));
 }
 

@@ -143,7 +143,8 @@ void entryReader::startEntry(view line)
 
 void entryReader::append(view piece)
 {
-    const auto end = std::copy(piece.begin(), piece.end(), m_text.begin() + static_cast<std::ptrdiff_t>(m_valueEnd));
+    const auto end = std::copy(piece.begin(), piece.end(),
+                               m_text.begin() + static_cast<std::ptrdiff_t>(m_valueEnd));
     m_valueEnd = static_cast<std::size_t>(end - m_text.begin());
 }
 
@@ -204,8 +205,9 @@ void readEntries(std::u16string& text, std::map<string, string>& entries)
     using entry = entryReader::entry;
     std::vector<entry> found = entryReader::read(text);
     sortByKey(found);
-    const auto end = std::unique(found.begin(), found.end(),
-                                 [](const entry& a, const entry& b) { return a.rank == b.rank && a.key == b.key; });
+    const auto end = std::unique(found.begin(), found.end(), [](const entry& a, const entry& b) {
+        return a.rank == b.rank && a.key == b.key;
+    });
     for (auto next = found.begin(); next != end; ++next)
         entries.emplace_hint(entries.end(), string(next->key), string(next->value));
 }
@@ -265,7 +267,8 @@ void locFile::setOverrideFile(const file& overrideFile)
 void locFile::readIncludes()
 {
     family files{{this, 0}};
-    for (std::size_t next = 0; next < files.size(); ++next) files[next].source->readOwnIncludes(files, next);
+    for (std::size_t next = 0; next < files.size(); ++next)
+        files[next].source->readOwnIncludes(files, next);
 }
 
 // Each file names an included one once, whatever the files around it have named already: a
@@ -298,7 +301,8 @@ bool locFile::needsLoad() const
 {
     if (m_entries.empty() || modificationTime() != m_fileTime) return true;
     fileStatus status;
-    const bool overridden = m_overrideFile.stat(status) && !(status.mode & fileStatus::directoryBit);
+    const bool overridden =
+        m_overrideFile.stat(status) && !(status.mode & fileStatus::directoryBit);
     return (overridden ? status.modificationTime : 0) != m_overrideTime;
 }
 
@@ -350,7 +354,8 @@ void locFile::loadOverride()
     m_overrideTime = m_overrideFile.modificationTime();
     locFile overriding(m_overrideFile, includes::skip);
     overriding.load();
-    for (auto& [key, value] : overriding.m_entries) m_entries.insert_or_assign(key, std::move(value));
+    for (auto& [key, value] : overriding.m_entries)
+        m_entries.insert_or_assign(key, std::move(value));
     overriding.applyCommands(m_entries);
 }
 
@@ -358,7 +363,8 @@ void locFile::applyCommands(entryMap& entries) const
 {
     std::vector<string> parts;
     for (const string& command : m_commands) {
-        const bool replaces = command.split(commandSeparator, parts) && parts.size() >= 3 && parts[0] == u"replace";
+        const bool replaces =
+            command.split(commandSeparator, parts) && parts.size() >= 3 && parts[0] == u"replace";
         if (!replaces) continue;
         for (auto& [key, value] : entries) value.replaceAll(parts[1], parts[2]);
     }

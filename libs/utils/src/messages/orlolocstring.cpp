@@ -25,7 +25,8 @@ const char16_t* insertable(const string& value)
 
 // Inserts the value of a holder of `T`, if it has one; false if it is a holder of something else.
 template <class T, class Render>
-bool insertAs(const genericValue::holderbase* held, const char16_t* name, stringTemplate& text, const Render& render)
+bool insertAs(const genericValue::holderbase* held, const char16_t* name, stringTemplate& text,
+              const Render& render)
 {
     const auto* typed = dynamic_cast<const genericValue::holder<T>*>(held);
     if (!typed) return false;
@@ -35,8 +36,8 @@ bool insertAs(const genericValue::holderbase* held, const char16_t* name, string
 
 // The first type that fits decides; values of other types leave the text as it is.
 template <class... Types, class Render>
-void insertFirstFit(const genericValue::holderbase* held, const char16_t* name, stringTemplate& text,
-                    const Render& render)
+void insertFirstFit(const genericValue::holderbase* held, const char16_t* name,
+                    stringTemplate& text, const Render& render)
 {
     static_cast<void>((insertAs<Types>(held, name, text, render) || ...));
 }
@@ -93,8 +94,8 @@ void locString::setParam(const string& value, const char16_t* name)
 
 void locString::setParam(const genericValue& value, const char16_t* name)
 {
-    const auto known =
-        std::find_if(m_params.begin(), m_params.end(), [name](const param& entry) { return entry.name == name; });
+    const auto known = std::find_if(m_params.begin(), m_params.end(),
+                                    [name](const param& entry) { return entry.name == name; });
     if (known == m_params.end())
         m_params.push_back({name, value});
     else
@@ -118,7 +119,8 @@ bool locString::hasText(const char16_t* language) const
     return languageTable::instance().lookup(m_locStringId, m_text, language);
 }
 
-void locString::insertParam(const param& entry, const char16_t* language, std::vector<string>* scratch) const
+void locString::insertParam(const param& entry, const char16_t* language,
+                            std::vector<string>* scratch) const
 {
     const auto render = [language, scratch]<class T>(const T& value) {
         if constexpr (std::is_same_v<T, locString>)
@@ -126,8 +128,8 @@ void locString::insertParam(const param& entry, const char16_t* language, std::v
         else
             return insertable(value);
     };
-    insertFirstFit<string, char16_t, bool, short, int, long, double, locString>(entry.value.get(), entry.name.c_str(),
-                                                                                m_text, render);
+    insertFirstFit<string, char16_t, bool, short, int, long, double, locString>(
+        entry.value.get(), entry.name.c_str(), m_text, render);
 }
 
 } // namespace orlo

@@ -22,8 +22,9 @@ valueClass classOf(char16_t letter)
         std::u16string_view letters;
         valueClass type;
     } classes[] = {
-        {u"c", valueClass::character}, {u"dioxXu", valueClass::integer}, {u"eEfgG", valueClass::floating},
-        {u"s", valueClass::text},      {u"CS", valueClass::empty},
+        {u"c", valueClass::character},    {u"dioxXu", valueClass::integer},
+        {u"eEfgG", valueClass::floating}, {u"s", valueClass::text},
+        {u"CS", valueClass::empty},
     };
     for (const auto& row : classes) {
         if (row.letters.find(letter) != row.letters.npos) return row.type;
@@ -52,7 +53,8 @@ std::unique_ptr<std::uint32_t> makeSeverity()
 // A copy can do without: the severity is a hint for those who show the text.
 std::unique_ptr<std::uint32_t> copySeverity(const std::uint32_t* severity)
 {
-    return std::unique_ptr<std::uint32_t>(severity != nullptr ? new (std::nothrow) std::uint32_t(*severity) : nullptr);
+    return std::unique_ptr<std::uint32_t>(
+        severity != nullptr ? new (std::nothrow) std::uint32_t(*severity) : nullptr);
 }
 
 // An unknown letter leaves the severity as it was.
@@ -138,7 +140,8 @@ public:
         if (!spec.isComplete() || spec.type() == valueClass::empty) return;
         numberRoom room;
         const formatArgument argument = toArgument(spec.type(), value, room);
-        const int length = formatText(m_short, std::size(m_short), spec.conversion(), {&argument, 1});
+        const int length =
+            formatText(m_short, std::size(m_short), spec.conversion(), {&argument, 1});
         if (length >= 0) {
             m_view = {m_short, static_cast<std::size_t>(length)};
         } else {
@@ -174,7 +177,8 @@ void conversionSpec::addChar(char16_t unit)
 // --- The text --------------------------------------------------------------------------------
 
 stringTemplate::stringTemplate(const stringTemplate& other)
-    : m_text(other.m_text), m_nextPosition(other.m_nextPosition), m_severity(copySeverity(other.severity()))
+    : m_text(other.m_text), m_nextPosition(other.m_nextPosition),
+      m_severity(copySeverity(other.severity()))
 {}
 
 stringTemplate& stringTemplate::operator=(const stringTemplate& other)
@@ -226,7 +230,8 @@ bool stringTemplate::findName(std::u16string_view name, place& found) const
     return false;
 }
 
-bool stringTemplate::readPlace(std::size_t at, std::u16string_view name, place& found, std::size_t& next) const
+bool stringTemplate::readPlace(std::size_t at, std::u16string_view name, place& found,
+                               std::size_t& next) const
 {
     const std::u16string_view rest = std::u16string_view(m_text).substr(at + 1);
     const std::size_t shared = std::min(rest.size(), name.size());
@@ -266,7 +271,8 @@ bool stringTemplate::locatePlaceholder(conversionSpec& spec, place& found, const
 {
     found = {0, m_text.size()};
     if (m_text.empty()) return false;
-    const bool placeFound = name != nullptr ? findName(name, found) : findPosition(++m_nextPosition, found);
+    const bool placeFound =
+        name != nullptr ? findName(name, found) : findPosition(++m_nextPosition, found);
     findConversion(spec, found, placeFound);
     if (!spec.isComplete() && placeFound) {
         // Behind a conversion that never ended there may be no room for it.

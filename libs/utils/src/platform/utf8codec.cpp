@@ -31,7 +31,8 @@ void copyAscii(const From*& from, const From* end, To*& to)
 {
     const From* at = from;
     To* out = to;
-    for (; end - at >= blockLength && copyAsciiBlock(at, out); at += blockLength) out += blockLength;
+    for (; end - at >= blockLength && copyAsciiBlock(at, out); at += blockLength)
+        out += blockLength;
     while (at != end && *at < 0x80) *out++ = static_cast<To>(*at++);
     from = at;
     to = out;
@@ -103,7 +104,8 @@ utf8Sequence readUtf8Sequence(const unsigned char* bytes, std::size_t length)
     const unsigned char lead = bytes[0];
     if (lead < 0x80) return {lead, 1};
     const std::size_t trailing = trailingBytes(lead);
-    if (trailing == 0 || length < 2 || !mayFollow(lead, bytes[1])) return {utf8Sequence::badSequence, 1};
+    if (trailing == 0 || length < 2 || !mayFollow(lead, bytes[1]))
+        return {utf8Sequence::badSequence, 1};
 
     char32_t codePoint = static_cast<char32_t>(lead & (0x3F >> trailing)) << 6 | (bytes[1] & 0x3F);
     for (std::size_t i = 2; i <= trailing; ++i) {
@@ -131,7 +133,8 @@ std::size_t decodeUtf8Bytes(const unsigned char* bytes, std::size_t length, char
     char16_t* to = units;
     for (copyAscii(bytes, end, to); bytes != end; copyAscii(bytes, end, to)) {
         const utf8Sequence next = readUtf8Sequence(bytes, static_cast<std::size_t>(end - bytes));
-        to = writeCodePoint(next.codePoint == utf8Sequence::badSequence ? replacementUnit : next.codePoint, to);
+        to = writeCodePoint(
+            next.codePoint == utf8Sequence::badSequence ? replacementUnit : next.codePoint, to);
         bytes += next.length;
     }
     return static_cast<std::size_t>(to - units);

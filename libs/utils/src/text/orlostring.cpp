@@ -24,8 +24,9 @@ string::string(const char* narrow)
 {
     const std::size_t length = std::strlen(narrow);
     std::u16string::resize(length);
-    std::transform(narrow, narrow + length, begin(),
-                   [](char byte) { return static_cast<char16_t>(static_cast<unsigned char>(byte)); });
+    std::transform(narrow, narrow + length, begin(), [](char byte) {
+        return static_cast<char16_t>(static_cast<unsigned char>(byte));
+    });
 }
 
 string& string::trimLeft(std::u16string_view set)
@@ -51,7 +52,8 @@ string& string::trimRight(char16_t unit)
 
 string& string::removeChars(std::u16string_view set)
 {
-    const auto kept = std::remove_if(begin(), end(), [set](char16_t unit) { return set.find(unit) != set.npos; });
+    const auto kept =
+        std::remove_if(begin(), end(), [set](char16_t unit) { return set.find(unit) != set.npos; });
     std::u16string::erase(kept, end());
     return *this;
 }
@@ -87,7 +89,8 @@ bool string::split(std::u16string_view delimiter, std::vector<string>& pieces, b
     std::vector<string> found;
     std::size_t start = 0;
     if (!empty()) {
-        for (std::size_t hit = find(delimiter); hit != npos; hit = firstOnly ? npos : find(delimiter, start)) {
+        for (std::size_t hit = find(delimiter); hit != npos;
+             hit = firstOnly ? npos : find(delimiter, start)) {
             found.emplace_back(data() + start, hit - start);
             start = hit + delimiter.size();
         }
@@ -202,7 +205,8 @@ void string::checkLength(std::size_t units) const
 
 bool operator==(const string& a, const string& b)
 {
-    return a.size() == b.size() && std::char_traits<char16_t>::compare(a.data(), b.data(), a.size()) == 0;
+    return a.size() == b.size() &&
+           std::char_traits<char16_t>::compare(a.data(), b.data(), a.size()) == 0;
 }
 
 bool operator==(const string& a, const char16_t* b)

@@ -24,7 +24,8 @@ constexpr std::size_t numberDecimals = 8;
 
 char16_t* widen(std::string_view narrow, char16_t* out)
 {
-    return std::transform(narrow.begin(), narrow.end(), out, [](char byte) { return static_cast<char16_t>(byte); });
+    return std::transform(narrow.begin(), narrow.end(), out,
+                          [](char byte) { return static_cast<char16_t>(byte); });
 }
 
 // --- Where a formatted text goes -------------------------------------------------------------
@@ -59,9 +60,18 @@ private:
 class boundedOutput : public textOutput {
 public:
     boundedOutput(char16_t* buffer, std::size_t capacity) : m_at(buffer), m_room(capacity) {}
-    void put(std::u16string_view text) override { advance(std::copy_n(text.data(), fitting(text.size()), m_at)); }
-    void putNarrow(std::string_view text) override { advance(widen(text.substr(0, fitting(text.size())), m_at)); }
-    void fill(std::size_t count, char16_t unit) override { advance(std::fill_n(m_at, fitting(count), unit)); }
+    void put(std::u16string_view text) override
+    {
+        advance(std::copy_n(text.data(), fitting(text.size()), m_at));
+    }
+    void putNarrow(std::string_view text) override
+    {
+        advance(widen(text.substr(0, fitting(text.size())), m_at));
+    }
+    void fill(std::size_t count, char16_t unit) override
+    {
+        advance(std::fill_n(m_at, fitting(count), unit));
+    }
     [[nodiscard]] bool isCut() const override { return m_cut; }
 
     void terminate()
@@ -114,7 +124,8 @@ const char16_t* readFlags(const char16_t* at, conversion& read)
         {u'#', &conversion::alternate}, {u'0', &conversion::zeros},
     };
     for (;; ++at) {
-        const auto hit = std::find_if(std::begin(flags), std::end(flags), [at](auto& row) { return row.unit == *at; });
+        const auto hit = std::find_if(std::begin(flags), std::end(flags),
+                                      [at](auto& row) { return row.unit == *at; });
         if (hit == std::end(flags)) return at;
         read.*hit->flag = true;
     }
@@ -131,7 +142,8 @@ const char16_t* readCount(const char16_t* at, std::size_t& count)
 
 bool startsWith(const char16_t* text, std::u16string_view prefix)
 {
-    return std::all_of(prefix.begin(), prefix.end(), [&text](char16_t unit) { return *text != 0 && *text++ == unit; });
+    return std::all_of(prefix.begin(), prefix.end(),
+                       [&text](char16_t unit) { return *text != 0 && *text++ == unit; });
 }
 
 // Doubled and contradicting letters are taken too; the last one counts.
@@ -140,7 +152,8 @@ const char16_t* readLength(const char16_t* at, int& bits)
     static constexpr struct {
         std::u16string_view letters;
         int bits;
-    } lengths[] = {{u"hh", 8}, {u"h", 16}, {u"ll", 64}, {u"l", 32}, {u"I64", 64}, {u"I32", 32}, {u"L", 64}};
+    } lengths[] = {{u"hh", 8},   {u"h", 16},   {u"ll", 64}, {u"l", 32},
+                   {u"I64", 64}, {u"I32", 32}, {u"L", 64}};
 
     for (;;) {
         const auto stands = [at](auto& row) { return startsWith(at, row.letters); };
@@ -179,10 +192,11 @@ struct numberPieces {
 
 void putNumber(textOutput& out, const conversion& field, numberPieces number, bool zerosAllowed)
 {
-    const std::size_t length = number.sign.size() + number.leadingZeros + number.digits.size() + number.point.size() +
-                               number.trailingZeros + number.exponent.size();
+    const std::size_t length = number.sign.size() + number.leadingZeros + number.digits.size() +
+                               number.point.size() + number.trailingZeros + number.exponent.size();
     std::size_t padding = field.width > length ? field.width - length : 0;
-    if (field.zeros && zerosAllowed && !field.left) number.leadingZeros += std::exchange(padding, 0);
+    if (field.zeros && zerosAllowed && !field.left)
+        number.leadingZeros += std::exchange(padding, 0);
 
     if (!field.left) out.fill(padding, u' ');
     out.putNarrow(number.sign);
@@ -213,7 +227,8 @@ void upperCase(char* begin, const char* end)
     }
 }
 
-void putInteger(textOutput& out, const conversion& field, std::string_view sign, std::uint64_t magnitude, int base)
+void putInteger(textOutput& out, const conversion& field, std::string_view sign,
+                std::uint64_t magnitude, int base)
 {
     std::array<char, 24> room;
     char* const end = std::to_chars(room.data(), room.data() + room.size(), magnitude, base).ptr;
@@ -223,7 +238,8 @@ void putInteger(textOutput& out, const conversion& field, std::string_view sign,
     if (magnitude != 0 || !field.hasPrecision || field.precision > 0) {
         number.digits = {room.data(), static_cast<std::size_t>(end - room.data())};
     }
-    number.leadingZeros = field.precision > number.digits.size() ? field.precision - number.digits.size() : 0;
+    number.leadingZeros =
+        field.precision > number.digits.size() ? field.precision - number.digits.size() : 0;
     const bool wantsZero = field.alternate && base == 8 && number.leadingZeros == 0;
     if (wantsZero && !number.digits.starts_with('0')) number.leadingZeros = 1;
     putNumber(out, field, number, !field.hasPrecision);
@@ -248,7 +264,8 @@ void printSigned(textOutput& out, const conversion& field, const formatArgument&
 void printUnsigned(textOutput& out, const conversion& field, const formatArgument& argument)
 {
     const int surplus = surplusBits(field, argument);
-    const std::uint64_t value = static_cast<std::uint64_t>(argument.asInteger()) << surplus >> surplus;
+    const std::uint64_t value =
+        static_cast<std::uint64_t>(argument.asInteger()) << surplus >> surplus;
     const bool hexadecimal = lowerUnit(field.letter) == u'x';
     const bool marked = hexadecimal && field.alternate && value != 0;
     const std::string_view mark = !marked ? "" : field.letter == u'X' ? "0X" : "0x";
@@ -265,14 +282,17 @@ void takeDigits(std::string_view text, numberPieces& number)
 
 using narrowBuffer = std::array<char, narrowRoom>;
 
-std::string_view convert(narrowBuffer& room, double value, std::chars_format form, std::size_t precision)
+std::string_view convert(narrowBuffer& room, double value, std::chars_format form,
+                         std::size_t precision)
 {
     const auto decimals = static_cast<int>(std::min(precision, exactDecimals));
-    const char* const end = std::to_chars(room.data(), room.data() + room.size(), value, form, decimals).ptr;
+    const char* const end =
+        std::to_chars(room.data(), room.data() + room.size(), value, form, decimals).ptr;
     return {room.data(), static_cast<std::size_t>(end - room.data())};
 }
 
-void takeDecimals(narrowBuffer& room, double value, std::chars_format form, std::size_t precision, numberPieces& number)
+void takeDecimals(narrowBuffer& room, double value, std::chars_format form, std::size_t precision,
+                  numberPieces& number)
 {
     takeDigits(convert(room, value, form, precision), number);
     number.trailingZeros = precision - std::min(precision, exactDecimals);
@@ -290,7 +310,8 @@ int exponentOf(std::string_view scientific)
 // "%#g": as many digits as asked for, zeros included.
 void takeAllDigits(narrowBuffer& room, double value, std::size_t digits, numberPieces& number)
 {
-    const int exponent = exponentOf(convert(room, value, std::chars_format::scientific, digits - 1));
+    const int exponent =
+        exponentOf(convert(room, value, std::chars_format::scientific, digits - 1));
     if (exponent < -4 || (exponent >= 0 && static_cast<std::size_t>(exponent) >= digits)) {
         takeDecimals(room, value, std::chars_format::scientific, digits - 1, number);
         return;
@@ -326,7 +347,8 @@ void printFloating(textOutput& out, const conversion& field, const formatArgumen
     } else {
         takeDigits(convert(room, std::fabs(value), std::chars_format::fixed, 0), number);
     }
-    if (isUpperLetter(field)) upperCase(room.data(), number.exponent.data() + number.exponent.size());
+    if (isUpperLetter(field))
+        upperCase(room.data(), number.exponent.data() + number.exponent.size());
     putNumber(out, field, number, std::isfinite(value));
 }
 
@@ -420,7 +442,8 @@ std::int64_t formatArgument::asInteger() const
     case kind::unit: return m_value.unit;
     case kind::floating:
         // What no 64 bits hold becomes the value that the processor gives for it.
-        if (!(m_value.floating >= -limit && m_value.floating < limit)) return std::numeric_limits<std::int64_t>::min();
+        if (!(m_value.floating >= -limit && m_value.floating < limit))
+            return std::numeric_limits<std::int64_t>::min();
         return static_cast<std::int64_t>(m_value.floating);
     default: return 0;
     }

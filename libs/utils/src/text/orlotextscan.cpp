@@ -50,7 +50,8 @@ const char16_t* readWhole(const char16_t* text, unsigned base, wholeNumber& numb
     constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
     text = skipSpace(text);
     number.negative = takeSign(text);
-    if (base == 16 && text[0] == u'0' && lowerUnit(text[1]) == u'x' && digitValue(text[2]) < base) text += 2;
+    if (base == 16 && text[0] == u'0' && lowerUnit(text[1]) == u'x' && digitValue(text[2]) < base)
+        text += 2;
 
     const char16_t* const first = text;
     for (unsigned digit = digitValue(*text); digit < base; digit = digitValue(*++text)) {
@@ -63,8 +64,8 @@ const char16_t* readWhole(const char16_t* text, unsigned base, wholeNumber& numb
 std::int32_t limitedToLong(const wholeNumber& number)
 {
     constexpr std::uint64_t mostNegative = 0x80000000;
-    const auto magnitude =
-        static_cast<std::int64_t>(std::min(number.magnitude, number.negative ? mostNegative : mostNegative - 1));
+    const auto magnitude = static_cast<std::int64_t>(
+        std::min(number.magnitude, number.negative ? mostNegative : mostNegative - 1));
     return static_cast<std::int32_t>(number.negative ? -magnitude : magnitude);
 }
 
@@ -97,7 +98,8 @@ plainDecimal readPlain(const char16_t* text)
     plainDecimal read;
     const auto takeDigits = [&] {
         const char16_t* const first = text;
-        for (; isDigitUnit(*text); ++text) read.digits = read.digits * 10 + static_cast<std::uint64_t>(*text - u'0');
+        for (; isDigitUnit(*text); ++text)
+            read.digits = read.digits * 10 + static_cast<std::uint64_t>(*text - u'0');
         return static_cast<std::size_t>(text - first);
     };
     read.count = takeDigits();
@@ -118,7 +120,8 @@ bool scanShort(const char16_t* text, double& magnitude)
                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     const plainDecimal read = readPlain(text);
     const char16_t next = lowerUnit(*read.end);
-    if (read.count == 0 || read.count >= std::size(powers) || next == u'e' || next == u'x') return false;
+    if (read.count == 0 || read.count >= std::size(powers) || next == u'e' || next == u'x')
+        return false;
     magnitude = static_cast<double>(read.digits) / powers[read.decimals];
     return true;
 }
@@ -132,7 +135,8 @@ public:
         while (canBelong(text[length])) ++length;
         if (length > m_short.size()) m_long.resize(length);
         char* const begin = length > m_short.size() ? m_long.data() : m_short.data();
-        std::transform(text, text + length, begin, [](char16_t unit) { return static_cast<char>(unit); });
+        std::transform(text, text + length, begin,
+                       [](char16_t unit) { return static_cast<char>(unit); });
         m_view = {begin, length};
     }
     narrowNumber(const narrowNumber&) = delete;
@@ -167,13 +171,15 @@ double readExponent(std::string_view text)
 bool isBeyondOne(std::string_view text, std::chars_format form)
 {
     const bool hexadecimal = form == std::chars_format::hex;
-    const std::size_t end = text.find_first_not_of(hexadecimal ? "0123456789abcdefABCDEF." : "0123456789.");
+    const std::size_t end =
+        text.find_first_not_of(hexadecimal ? "0123456789abcdefABCDEF." : "0123456789.");
     const std::string_view digits = text.substr(0, end);
     const auto point = static_cast<double>(std::min(digits.find('.'), digits.size()));
     const auto first = static_cast<double>(digits.find_first_not_of("0."));
 
     const char16_t mark = end < text.size() ? lowerUnit(static_cast<char16_t>(text[end])) : u'\0';
-    const double exponent = mark == (hexadecimal ? u'p' : u'e') ? readExponent(text.substr(end + 1)) : 0;
+    const double exponent =
+        mark == (hexadecimal ? u'p' : u'e') ? readExponent(text.substr(end + 1)) : 0;
     return (point - first) * (hexadecimal ? 4 : 1) + exponent > 0;
 }
 

@@ -13,7 +13,10 @@ public:
         for (const char16_t unit : units) m_bits |= std::uint64_t{1} << unit;
     }
 
-    [[nodiscard]] constexpr bool contains(char16_t unit) const { return unit < 64 && (m_bits >> unit & 1) != 0; }
+    [[nodiscard]] constexpr bool contains(char16_t unit) const
+    {
+        return unit < 64 && (m_bits >> unit & 1) != 0;
+    }
 
 private:
     std::uint64_t m_bits = 0;

@@ -1,10 +1,10 @@
 #include "orloxmldocument.h"
 
 #include "orloexception.h"
+#include "platform/platform.h"
 #include "xml/xmlencoding.h"
 #include "xml/xmlparser.h"
 #include "xml/xmlwriter.h"
-#include "platform/platform.h"
 
 #include <algorithm>
 #include <array>
@@ -47,14 +47,16 @@ private:
 std::int32_t existingSize(const file& source)
 {
     fileStatus status;
-    if (!source.stat(status) || (status.mode & fileStatus::directoryBit) != 0) throw fileNotFoundException(source);
+    if (!source.stat(status) || (status.mode & fileStatus::directoryBit) != 0)
+        throw fileNotFoundException(source);
     return static_cast<std::int32_t>(status.size);
 }
 
 // No memory holds a negative size, so there is no block for it.
 byteBlock newByteBlock(std::int32_t size)
 {
-    return byteBlock(size < 0 ? nullptr : new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
+    return byteBlock(size < 0 ? nullptr
+                              : new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
 }
 
 // A file that can't be opened is told before a lack of memory.
@@ -66,7 +68,8 @@ byteBlock readWhole(const file& source, std::int32_t size)
     if (!bytes) throw outOfMemoryException();
     const auto wanted = static_cast<std::size_t>(size);
     platform::expectFilling(bytes.get(), wanted);
-    if (platform::readFile(opened.handle(), bytes.get(), wanted) != wanted) throw readFileException(source, nullptr);
+    if (platform::readFile(opened.handle(), bytes.get(), wanted) != wanted)
+        throw readFileException(source, nullptr);
     return bytes;
 }
 
@@ -132,7 +135,8 @@ void writeUtf8(byteBuffer& out, const xmlDocument& document)
     byteChunks bytes;
     textBlocks blocks([&](std::u16string_view block) {
         units += block.size();
-        for (std::size_t at = 0; at < block.size(); at += pieceUnits) encodePiece(bytes, block.substr(at, pieceUnits));
+        for (std::size_t at = 0; at < block.size(); at += pieceUnits)
+            encodePiece(bytes, block.substr(at, pieceUnits));
     });
     string declaration;
     xmlDocument::writeDeclaration(declaration, xmlEncoding::utf8);

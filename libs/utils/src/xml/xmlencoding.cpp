@@ -161,8 +161,10 @@ bool findDeclaredEncoding(const void* bytes, std::size_t length, std::string& en
 documentText decodeDocument(const unsigned char* bytes, std::size_t length)
 {
     if (beginsWith(bytes, length, utf8Mark))
-        return convertBytes(platform::encoding::utf8, bytes + utf8Mark.size(), length - utf8Mark.size());
-    if (beginsWith(bytes, length, utf16Mark)) return copyUnits(bytes + utf16Mark.size(), length - utf16Mark.size());
+        return convertBytes(platform::encoding::utf8, bytes + utf8Mark.size(),
+                            length - utf8Mark.size());
+    if (beginsWith(bytes, length, utf16Mark))
+        return copyUnits(bytes + utf16Mark.size(), length - utf16Mark.size());
 
     std::string declared;
     if (findDeclaredEncoding(bytes, length, declared) && !declared.empty())

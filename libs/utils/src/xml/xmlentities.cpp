@@ -4,9 +4,9 @@
 #include "xml/xmlentities.h"
 
 #include "orlotextformat.h"
+#include "orloxmlnode.h"
 #include "text/unitsearch.h"
 #include "text/unitset.h"
-#include "orloxmlnode.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -33,8 +33,9 @@ constexpr std::u16string_view referenceStart = u"&#x";
 
 const entity* entityAt(std::u16string_view text)
 {
-    const auto found = std::find_if(std::begin(entities), std::end(entities),
-                                    [text](const entity& each) { return text.starts_with(each.form); });
+    const auto found =
+        std::find_if(std::begin(entities), std::end(entities),
+                     [text](const entity& each) { return text.starts_with(each.form); });
     return found == std::end(entities) ? nullptr : found;
 }
 
@@ -46,7 +47,8 @@ void decodeNamed(string& text, std::size_t first)
     std::size_t written = first;
     std::size_t read = first;
     while (read < text.size()) {
-        const entity* const found = text[read] == u'&' ? entityAt(std::u16string_view(text).substr(read)) : nullptr;
+        const entity* const found =
+            text[read] == u'&' ? entityAt(std::u16string_view(text).substr(read)) : nullptr;
         if (found == nullptr) {
             const std::size_t run = indexOfUnit(text, u'&', read + 1) - read;
             std::copy_n(text.data() + read, run, text.data() + written);
@@ -67,7 +69,8 @@ void decodeNamed(string& text, std::size_t first)
 bool mayHoldReference(std::u16string_view text)
 {
     std::size_t at = indexOfUnit(text, u'#');
-    while (at < text.size() && !text.substr(at).starts_with(u"#x")) at = indexOfUnit(text, u'#', at + 1);
+    while (at < text.size() && !text.substr(at).starts_with(u"#x"))
+        at = indexOfUnit(text, u'#', at + 1);
     return at < text.size();
 }
 
@@ -76,13 +79,15 @@ bool mayHoldReference(std::u16string_view text)
 std::u16string_view closedReference(const string& text, std::size_t start)
 {
     for (const std::size_t last : {start + 6, start + 5, start + 4})
-        if (last < text.size() && text[last] == u';') return std::u16string_view(text).substr(start, last + 1 - start);
+        if (last < text.size() && text[last] == u';')
+            return std::u16string_view(text).substr(start, last + 1 - start);
     return {}; // GCOV_EXCL_LINE: leads to the endless search
 }
 
 char16_t referencedUnit(std::u16string_view reference)
 {
-    const string digits(reference.substr(referenceStart.size(), reference.size() - referenceStart.size() - 1));
+    const string digits(
+        reference.substr(referenceStart.size(), reference.size() - referenceStart.size() - 1));
     return static_cast<char16_t>(scanHexadecimal(digits.c_str()));
 }
 
@@ -116,7 +121,8 @@ void decodeInPasses(string& text)
     std::size_t before = 0;
     do {
         before = text.size();
-        for (const entity& each : entities) text.replaceAll(each.form, std::u16string_view(&each.unit, 1));
+        for (const entity& each : entities)
+            text.replaceAll(each.form, std::u16string_view(&each.unit, 1));
         decodeReferences(text);
     } while (text.size() != before);
 }
@@ -155,8 +161,10 @@ bool copyPlainBlock(const char16_t* from, char16_t dropped, char16_t* to)
 std::size_t copyPlain(std::u16string_view text, char16_t dropped, char16_t* to)
 {
     std::size_t at = 0;
-    while (text.size() - at >= blockLength && copyPlainBlock(text.data() + at, dropped, to + at)) at += blockLength;
-    for (; at < text.size() && !encodedUnits.contains(text[at]) && text[at] != dropped; ++at) to[at] = text[at];
+    while (text.size() - at >= blockLength && copyPlainBlock(text.data() + at, dropped, to + at))
+        at += blockLength;
+    for (; at < text.size() && !encodedUnits.contains(text[at]) && text[at] != dropped; ++at)
+        to[at] = text[at];
     return at;
 }
 

@@ -7,9 +7,9 @@
 #include "xml/xmlparser.h"
 #include "orloexception.h"
 #include "orlounit.h"
+#include "orloxmlnode.h"
 #include "text/unitsearch.h"
 #include "text/unitset.h"
-#include "orloxmlnode.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -137,7 +137,8 @@ std::u16string_view trimmed(std::u16string_view text)
 class treeReader {
 public:
     // In front of `knownEnd` there is no terminator.
-    treeReader(place knownEnd, bool keepWhitespace) : m_knownEnd(knownEnd), m_keepWhitespace(keepWhitespace)
+    treeReader(place knownEnd, bool keepWhitespace)
+        : m_knownEnd(knownEnd), m_keepWhitespace(keepWhitespace)
     {
         m_pending.reserve(pendingRoom);
     }
@@ -274,7 +275,8 @@ void treeReader::addAttributes(xmlNode& node)
 {
     if (m_attributes.empty()) return;
     node.attributes.reserve(node.attributes.size() + m_attributes.size());
-    for (const rawAttribute& each : m_attributes) node.attributes.emplace_back(each.name, decoded(each.value));
+    for (const rawAttribute& each : m_attributes)
+        node.attributes.emplace_back(each.name, decoded(each.value));
 }
 
 // From behind the ">" of the opening tag. Text is only what stands before the first markup.
@@ -335,7 +337,8 @@ void treeReader::dropIfNameless()
 
 } // namespace
 
-const char16_t* readTree(xmlNode& outermost, const char16_t* text, std::size_t length, bool keepWhitespace)
+const char16_t* readTree(xmlNode& outermost, const char16_t* text, std::size_t length,
+                         bool keepWhitespace)
 {
     try {
         return treeReader(text + length, keepWhitespace).read(outermost, text);
@@ -345,9 +348,11 @@ const char16_t* readTree(xmlNode& outermost, const char16_t* text, std::size_t l
 }
 
 // The buffer of the caller is not needed: short texts need no memory of their own.
-const char16_t* xmlNode::parseText(const char16_t* source, bool keepWhitespace, char16_t* /*scratch*/)
+const char16_t* xmlNode::parseText(const char16_t* source, bool keepWhitespace,
+                                   char16_t* /*scratch*/)
 {
-    if (source == nullptr) throw unexpectedErrorException(u"xmlNode::parseText: NULL specified for pText");
+    if (source == nullptr)
+        throw unexpectedErrorException(u"xmlNode::parseText: NULL specified for pText");
     return readTree(*this, source, 0, keepWhitespace);
 }
 

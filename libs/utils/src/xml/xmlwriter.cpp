@@ -1,7 +1,7 @@
 // The writer of element trees. Depth costs memory but no call stack, as in the reader.
 #include "xml/xmlwriter.h"
-#include "xml/xmlentities.h"
 #include "orloxmlnode.h"
+#include "xml/xmlentities.h"
 
 #include <cstddef>
 #include <vector>
@@ -44,7 +44,9 @@ void walkTree(const xmlNode& root, Enter enter, Leave leave)
 
 class treeWriter {
 public:
-    treeWriter(textBlocks& out, const string& indent) : m_out(out), m_indent(indent), m_base(indent.size()) {}
+    treeWriter(textBlocks& out, const string& indent)
+        : m_out(out), m_indent(indent), m_base(indent.size())
+    {}
 
     void writeStart(const xmlNode& node, std::size_t depth);
     void writeEnd(const xmlNode& node, std::size_t depth);
@@ -142,7 +144,10 @@ std::size_t xmlNode::estimateSize(std::size_t width) const
 {
     std::size_t size = 0;
     walkTree(
-        *this, [&](const xmlNode& node, std::size_t depth) { size += estimateNode(node, width + depth * levelWidth); },
+        *this,
+        [&](const xmlNode& node, std::size_t depth) {
+            size += estimateNode(node, width + depth * levelWidth);
+        },
         [](const xmlNode&, std::size_t) {});
     return size;
 }

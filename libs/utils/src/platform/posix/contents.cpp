@@ -42,7 +42,8 @@ std::size_t readFile(fileHandle file, void* bytes, std::size_t count)
 std::size_t writeFile(fileHandle file, const void* bytes, std::size_t count)
 {
     return transferAll(count, [=](std::size_t done) {
-        return ::write(static_cast<int>(file), static_cast<const char*>(bytes) + done, count - done);
+        return ::write(static_cast<int>(file), static_cast<const char*>(bytes) + done,
+                       count - done);
     });
 }
 

@@ -100,14 +100,16 @@ bool copyFile(const string& source, const string& target, bool failIfExists)
 {
     const descriptor from(::open(nativePath(source).c_str(), O_RDONLY | O_CLOEXEC));
     struct stat original;
-    if (!from.isOpen() || ::fstat(from.number(), &original) != 0 || S_ISDIR(original.st_mode)) return false;
+    if (!from.isOpen() || ::fstat(from.number(), &original) != 0 || S_ISDIR(original.st_mode))
+        return false;
 
     // The target is emptied only once it is known not to be the source under another name.
     const std::string targetPath = nativePath(target);
     const int flags = O_WRONLY | O_CREAT | O_CLOEXEC | (failIfExists ? O_EXCL : 0);
     descriptor to(::open(targetPath.c_str(), flags, original.st_mode & 0777));
     struct stat before;
-    if (!to.isOpen() || ::fstat(to.number(), &before) != 0 || isSameFile(original, before)) return false;
+    if (!to.isOpen() || ::fstat(to.number(), &before) != 0 || isSameFile(original, before))
+        return false;
     if (before.st_size > 0 && isRegular(before) && ::ftruncate(to.number(), 0) != 0) return false;
 
     const bool copied = copyContent(from.number(), to.number());

@@ -37,7 +37,8 @@ bool isDirectory(const std::string& path)
 }
 
 // For file systems that can't refuse an existing target themselves.
-bool renameIfFree(const std::string& from, const std::string& to) // GCOV_EXCL_LINE: needs such a file system
+bool renameIfFree(const std::string& from,
+                  const std::string& to) // GCOV_EXCL_LINE: needs such a file system
 {
     return !isThere(to) && ::rename(from.c_str(), to.c_str()) == 0; // GCOV_EXCL_LINE: the same
 }
@@ -83,7 +84,8 @@ bool renameEntry(const string& from, const string& to)
 {
     const std::string source = nativePath(from);
     const std::string target = nativePath(to);
-    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0) return true;
+    if (::renameat2(AT_FDCWD, source.c_str(), AT_FDCWD, target.c_str(), RENAME_NOREPLACE) == 0)
+        return true;
     // Windows takes an entry's own name for a new one.
     if (errno == EEXIST) return withoutTrailingSlashes(source) == withoutTrailingSlashes(target);
     return (errno == EINVAL || errno == ENOSYS) && renameIfFree(source, target);

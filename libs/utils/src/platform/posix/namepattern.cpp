@@ -61,7 +61,9 @@ namePattern::token namePattern::tokenFor(char16_t unit, char16_t following)
 bool namePattern::matches(std::u16string_view name) const
 {
     const matcher match{name};
-    const auto isStar = [](const token& of) { return of.what == kind::star || of.what == kind::dottedStar; };
+    const auto isStar = [](const token& of) {
+        return of.what == kind::star || of.what == kind::dottedStar;
+    };
 
     auto next = m_tokens.begin();
     std::size_t at = 0;

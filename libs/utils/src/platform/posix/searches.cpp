@@ -86,8 +86,8 @@ searchHandle findFirst(const string& pattern, std::uint32_t wanted, searchHit& h
     std::unique_ptr<DIR, directoryCloser> directory(::opendir(where.c_str()));
     if (!directory) return noSearch;
 
-    auto search = std::make_unique<runningSearch>(
-        runningSearch{std::move(directory), namePattern(std::u16string_view(path).substr(start)), wanted});
+    auto search = std::make_unique<runningSearch>(runningSearch{
+        std::move(directory), namePattern(std::u16string_view(path).substr(start)), wanted});
     if (!advance(*search, hit)) return noSearch;
     return reinterpret_cast<searchHandle>(search.release());
 }

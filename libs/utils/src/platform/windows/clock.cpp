@@ -18,8 +18,9 @@ constexpr bool isBetween(int value, int first, int last)
 
 bool isKnown(const std::tm& time)
 {
-    return isBetween(time.tm_sec, 0, 59) && isBetween(time.tm_min, 0, 59) && isBetween(time.tm_hour, 0, 23) &&
-           isBetween(time.tm_mday, 1, 31) && isBetween(time.tm_mon, 0, 11) && isBetween(time.tm_year, -1900, 8099) &&
+    return isBetween(time.tm_sec, 0, 59) && isBetween(time.tm_min, 0, 59) &&
+           isBetween(time.tm_hour, 0, 23) && isBetween(time.tm_mday, 1, 31) &&
+           isBetween(time.tm_mon, 0, 11) && isBetween(time.tm_year, -1900, 8099) &&
            isBetween(time.tm_wday, 0, 6) && isBetween(time.tm_yday, 0, 365);
 }
 

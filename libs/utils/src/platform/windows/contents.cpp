@@ -21,7 +21,8 @@ std::size_t transferAll(std::size_t count, Transfer transfer)
 {
     std::size_t done = 0;
     while (done < count) {
-        const int moved = transfer(done, static_cast<unsigned>(std::min(count - done, largestTransfer)));
+        const int moved =
+            transfer(done, static_cast<unsigned>(std::min(count - done, largestTransfer)));
         if (moved <= 0) break;
         done += static_cast<std::size_t>(moved);
     }
@@ -34,7 +35,8 @@ fileHandle openFile(const string& path, openMode mode)
 {
     // The flags and the sharing of the runtime library's "rb" and "wb", without its buffer.
     const int flags = mode == openMode::read ? _O_RDONLY : _O_WRONLY | _O_CREAT | _O_TRUNC;
-    return ::_wsopen(wide(path), flags | _O_BINARY | _O_NOINHERIT, _SH_DENYNO, _S_IREAD | _S_IWRITE);
+    return ::_wsopen(wide(path), flags | _O_BINARY | _O_NOINHERIT, _SH_DENYNO,
+                     _S_IREAD | _S_IWRITE);
 }
 
 std::size_t readFile(fileHandle file, void* bytes, std::size_t count)

@@ -15,7 +15,8 @@ std::size_t decodeAnsi(const char* bytes, std::size_t length, char16_t* to)
 {
     if (length > longestText) return 0;
     const int count = static_cast<int>(length);
-    return static_cast<std::size_t>(::MultiByteToWideChar(CP_ACP, 0, bytes, count, wide(to), count));
+    return static_cast<std::size_t>(
+        ::MultiByteToWideChar(CP_ACP, 0, bytes, count, wide(to), count));
 }
 
 } // namespace
@@ -23,7 +24,8 @@ std::size_t decodeAnsi(const char* bytes, std::size_t length, char16_t* to)
 std::size_t decode(encoding from, const void* bytes, std::size_t length, char16_t* units)
 {
     // UTF-8 is decoded here and not by the system, whose versions differ on bad sequences.
-    if (from == encoding::utf8) return decodeUtf8Bytes(static_cast<const unsigned char*>(bytes), length, units);
+    if (from == encoding::utf8)
+        return decodeUtf8Bytes(static_cast<const unsigned char*>(bytes), length, units);
     return decodeAnsi(static_cast<const char*>(bytes), length, units);
 }
 
