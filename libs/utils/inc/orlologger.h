@@ -6,28 +6,6 @@
 
 #include <cstdint>
 
-namespace orlo {
-
-// Counting of references, seen from outside.
-class iRefCount {
-public:
-    [[nodiscard]] virtual std::uint32_t getRefCount() = 0;
-    // Both give the new count.
-    virtual std::uint32_t addRef() = 0;
-    virtual std::uint32_t release() = 0;
-
-protected:
-    ~iRefCount() = default;
-};
-
-// An object that is reached through a counted interface.
-class iRefObj : public iRefCount {
-protected:
-    ~iRefObj() = default;
-};
-
-} // namespace orlo
-
 namespace orlolog {
 
 // A logger of a name and a level. It lives on the heap until its last reference goes.

@@ -40,6 +40,24 @@ protected:
     std::uint32_t m_count = 0;
 };
 
+// Counting of references, seen from outside.
+class iRefCount {
+public:
+    [[nodiscard]] virtual std::uint32_t getRefCount() = 0;
+    // Both give the new count.
+    virtual std::uint32_t addRef() = 0;
+    virtual std::uint32_t release() = 0;
+
+protected:
+    ~iRefCount() = default;
+};
+
+// An object that is reached through a counted interface.
+class iRefObj : public iRefCount {
+protected:
+    ~iRefObj() = default;
+};
+
 namespace detail {
 // Reports the dereference of an empty pointer and throws the plain bool false.
 [[noreturn]] void failEmptyRefptr();
