@@ -1,30 +1,14 @@
 #include "messages/languagetext.h"
 
+#include "files/filecontent.h"
 #include "platform/platform.h"
 
 #include <algorithm>
-#include <cstring>
 #include <utility>
 
 namespace orlo {
 
 namespace {
-
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view utf16Mark = "\xFF\xFE";
-
-// All bytes of an open file; `size` is what the system told, one more shows that it is the end.
-std::string readBytes(platform::fileHandle handle, std::size_t size)
-{
-    std::string bytes;
-    std::size_t length = 0;
-    do {
-        bytes.resize(std::max(size + 1, length * 2));
-        length += platform::readFile(handle, bytes.data() + length, bytes.size() - length);
-    } while (length == bytes.size());
-    bytes.resize(length);
-    return bytes;
-}
 
 std::u16string copyUnits(std::string_view bytes)
 {
@@ -71,14 +55,14 @@ std::optional<languageText> readLanguageText(const file& source)
 {
     fileStatus status;
     if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return std::nullopt;
-    const platform::fileHandle handle = platform::openFile(source.path(), platform::openMode::read);
-    if (handle == platform::noFile) return std::nullopt;
-
-    struct closer {
-        platform::fileHandle handle;
-        ~closer() { platform::closeFile(handle); }
-    } const closing{handle};
-    std::u16string text = decodeByMark(readBytes(handle, static_cast<std::size_t>(status.size)));
+    fileContent content;
+    switch (readContent(source, static_cast<std::size_t>(status.size), content)) {
+    case readResult::unopened:
+    case readResult::withoutMemory: return std::nullopt;
+    default: break;
+    }
+    std::u16string text =
+        decodeByMark({reinterpret_cast<const char*>(content.bytes.get()), content.size});
     joinLineEnds(text);
     return languageText{std::move(text), status.modificationTime};
 }

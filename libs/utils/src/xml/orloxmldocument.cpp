@@ -1,5 +1,6 @@
 #include "orloxmldocument.h"
 
+#include "files/filecontent.h"
 #include "orloexception.h"
 #include "platform/platform.h"
 #include "xml/xmlencoding.h"
@@ -9,7 +10,6 @@
 #include <algorithm>
 #include <array>
 #include <memory>
-#include <new>
 #include <string>
 #include <string_view>
 #include <vector>
@@ -17,31 +17,6 @@
 namespace orlo {
 
 namespace {
-
-using byteBlock = std::unique_ptr<unsigned char[]>;
-
-// A file that is closed on every way out, and flushed before if it was written.
-class openedFile {
-public:
-    openedFile(const file& which, platform::openMode mode)
-        : m_handle(platform::openFile(which.path(), mode)), m_mode(mode)
-    {}
-    openedFile(const openedFile&) = delete;
-    openedFile& operator=(const openedFile&) = delete;
-    ~openedFile()
-    {
-        if (!isOpen()) return;
-        if (m_mode == platform::openMode::write) platform::flushFile(m_handle);
-        platform::closeFile(m_handle);
-    }
-
-    [[nodiscard]] bool isOpen() const { return m_handle != platform::noFile; }
-    [[nodiscard]] platform::fileHandle handle() const { return m_handle; }
-
-private:
-    platform::fileHandle m_handle;
-    platform::openMode m_mode;
-};
 
 // The size of an existing file. Only its low 32 bits count, with their sign.
 std::int32_t existingSize(const file& source)
@@ -52,33 +27,15 @@ std::int32_t existingSize(const file& source)
     return static_cast<std::int32_t>(status.size);
 }
 
-// No memory holds a negative size, so there is no block for it.
-byteBlock newByteBlock(std::int32_t size)
+// No memory holds a negative size.
+fileContent readWhole(const file& source, std::int32_t size)
 {
-    return byteBlock(size < 0 ? nullptr
-                              : new (std::nothrow) unsigned char[static_cast<std::size_t>(size)]);
-}
-
-// A file that can't be opened is told before a lack of memory.
-byteBlock readWhole(const file& source, std::int32_t size)
-{
-    byteBlock bytes = newByteBlock(size);
-    const openedFile opened(source, platform::openMode::read);
-    if (!opened.isOpen()) throw readFileException(source, nullptr);
-    if (!bytes) throw outOfMemoryException();
-    const auto wanted = static_cast<std::size_t>(size);
-    platform::expectFilling(bytes.get(), wanted);
-    if (platform::readFile(opened.handle(), bytes.get(), wanted) != wanted)
-        throw readFileException(source, nullptr);
-    return bytes;
-}
-
-void writeWhole(const file& target, const byteBuffer& bytes)
-{
-    const openedFile opened(target, platform::openMode::write);
-    if (!opened.isOpen()) throw writeFileException(target, nullptr);
-    if (platform::writeFile(opened.handle(), bytes.data(), bytes.size()) != bytes.size())
-        throw writeFileException(target, nullptr);
+    fileContent content;
+    switch (readContent(source, static_cast<std::size_t>(size), content)) {
+    case readResult::whole: return content;
+    case readResult::withoutMemory: throw outOfMemoryException();
+    default: throw readFileException(source, nullptr);
+    }
 }
 
 // Bytes that are written in place and never move, as they are many.
@@ -144,9 +101,8 @@ void writeUtf8(byteBuffer& out, const xmlDocument& document)
     writeTree(document, blocks, string::emptyString());
     blocks.finish();
 
-    constexpr std::string_view mark = "\xEF\xBB\xBF";
-    out.reserve(out.size() + std::max(units + units / 2, mark.size() + bytes.size()));
-    out.append(mark.data(), mark.size());
+    out.reserve(out.size() + std::max(units + units / 2, utf8Mark.size() + bytes.size()));
+    out.append(utf8Mark.data(), utf8Mark.size());
     bytes.appendTo(out);
 }
 
@@ -171,10 +127,10 @@ void xmlDocument::load(const file& source, bool keepWhitespace)
 {
     const std::int32_t size = existingSize(source);
     if (size == 0) return;
-    byteBlock bytes = readWhole(source, size);
+    fileContent content = readWhole(source, size);
     try {
-        const documentText document = decodeDocument(bytes.get(), static_cast<std::size_t>(size));
-        bytes.reset(); // the tree needs the room
+        const documentText document = decodeDocument(content.bytes.get(), content.size);
+        content.bytes.reset(); // the tree needs the room
         readTree(*this, document.units.get(), document.length, keepWhitespace);
     } catch (const unexpectedErrorException&) {
         throw invalidXmlException(source);
@@ -194,7 +150,8 @@ void xmlDocument::save(const file& target, xmlEncoding encoding) const
     // Made before the target is opened: a failure up to here leaves the old file as it is.
     byteBuffer bytes;
     writeBuffer(bytes, encoding);
-    writeWhole(target, bytes);
+    if (!writeContent(target, bytes.data(), bytes.size()))
+        throw writeFileException(target, nullptr);
 }
 
 void xmlDocument::writeBuffer(byteBuffer& out, xmlEncoding encoding) const

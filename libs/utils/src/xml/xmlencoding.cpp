@@ -1,5 +1,6 @@
 #include "xml/xmlencoding.h"
 
+#include "files/filecontent.h"
 #include "orloexception.h"
 #include "orlounit.h"
 #include "orloxmldocument.h"
@@ -15,9 +16,6 @@
 namespace orlo {
 
 namespace {
-
-constexpr std::string_view utf8Mark = "\xEF\xBB\xBF";
-constexpr std::string_view utf16Mark = "\xFF\xFE";
 
 bool beginsWith(const unsigned char* bytes, std::size_t length, std::string_view mark)
 {
