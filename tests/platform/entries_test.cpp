@@ -62,7 +62,7 @@ TEST_F(entriesSystemTest, tellsKindSizeAndTime)
 {
     put("file.txt", "twelve bytes");
     makeFolder("folder");
-    platform::status found;
+    fileStatus found;
     ASSERT_TRUE(platform::queryStatus(path("file.txt"), found));
     EXPECT_EQ(found.mode & 16384u, 0u);
     EXPECT_EQ(found.size, 12);
@@ -80,7 +80,7 @@ TEST_F(entriesSystemTest, tellsSizesBeyond32Bits)
     std::error_code failed;
     std::filesystem::resize_file(native("large"), 5000000000u, failed);
     if (failed) GTEST_SKIP() << "no room for a large file here";
-    platform::status found;
+    fileStatus found;
     ASSERT_TRUE(platform::queryStatus(path("large"), found));
     EXPECT_EQ(found.size, 5000000000);
 }
@@ -191,8 +191,8 @@ TEST_F(entriesSystemTest, copiesTheProtectionAndTheTime)
     protect("source");
     ASSERT_TRUE(platform::copyFile(path("source"), path("target"), false));
     EXPECT_TRUE(isProtected("target"));
-    platform::status original;
-    platform::status copy;
+    fileStatus original;
+    fileStatus copy;
     ASSERT_TRUE(platform::queryStatus(path("source"), original));
     ASSERT_TRUE(platform::queryStatus(path("target"), copy));
     EXPECT_EQ(copy.modificationTime, original.modificationTime);

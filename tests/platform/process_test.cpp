@@ -78,7 +78,7 @@ TEST_F(processSystemTest, findsTheExecutable)
     const string found(units, length);
     EXPECT_EQ(found[1], u':');
     EXPECT_EQ(found[2], u'\\');
-    platform::status status;
+    fileStatus status;
     ASSERT_TRUE(platform::queryStatus(found, status)) << narrow(found);
     EXPECT_GT(status.size, 0);
     EXPECT_NE(found.find(u"test"), string::npos) << narrow(found);

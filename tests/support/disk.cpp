@@ -108,7 +108,7 @@ entryPointer disk::provideDirectory(const string& path)
     entryPointer entry;
     for (const string& name : namesOf(path)) {
         entry = directory->child(name);
-        if (!entry) entry = addChild(*directory, name, diskEntry::subdirectory);
+        if (!entry) entry = addChild(*directory, name, attributeSubdirectory);
         directory = entry.get();
     }
     return entry;
@@ -129,7 +129,7 @@ entryPointer disk::emptiedFile(const string& path, std::int64_t now)
     entryPointer entry = where.entry();
     if (!entry) {
         if (!where.canHoldNew() || where.namesDirectory) return nullptr;
-        entry = addChild(*where.parent, where.name, diskEntry::archive);
+        entry = addChild(*where.parent, where.name, attributeArchive);
     }
     if (entry->isDirectory() || entry->isReadOnly()) return nullptr;
     entry->bytes.clear();

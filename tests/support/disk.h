@@ -3,6 +3,7 @@
 // deleted nor renamed. Paths are absolute here, with "\" or "/".
 #pragma once
 
+#include "orlofilestatus.h"
 #include "orlostring.h"
 
 #include <cstdint>
@@ -15,10 +16,6 @@
 namespace orlo::tests {
 
 struct diskEntry {
-    static constexpr std::uint32_t readOnly = 1;
-    static constexpr std::uint32_t subdirectory = 16;
-    static constexpr std::uint32_t archive = 32;
-
     string name;
     std::uint32_t attributes = 0;
     std::uint64_t number = 0; // in the order in which the entries were made
@@ -28,8 +25,8 @@ struct diskEntry {
     std::map<std::uint64_t, std::shared_ptr<diskEntry>> children; // by number
     std::map<string, std::uint64_t> numbers; // of the children, by lower-case name
 
-    [[nodiscard]] bool isDirectory() const { return (attributes & subdirectory) != 0; }
-    [[nodiscard]] bool isReadOnly() const { return (attributes & readOnly) != 0; }
+    [[nodiscard]] bool isDirectory() const { return (attributes & attributeSubdirectory) != 0; }
+    [[nodiscard]] bool isReadOnly() const { return (attributes & attributeReadOnly) != 0; }
     [[nodiscard]] std::shared_ptr<diskEntry> child(const string& childName) const;
 };
 using entryPointer = std::shared_ptr<diskEntry>;

@@ -136,7 +136,7 @@ bool advance(runningSearch& search, platform::searchHit& hit)
 {
     static const std::array<string, 2> dots{u".", u".."};
     while (search.dotsGiven < dots.size()) {
-        if (giveHit(search, dots[search.dotsGiven++], diskEntry::subdirectory, hit)) return true;
+        if (giveHit(search, dots[search.dotsGiven++], attributeSubdirectory, hit)) return true;
     }
     const auto& children = search.directory->children;
     for (auto next = children.upper_bound(search.last); next != children.end(); ++next) {
@@ -325,7 +325,7 @@ std::string machine::content(const string& path) const
 void machine::setAttributes(const string& path, std::uint32_t attributes)
 {
     const entryPointer entry = entryAt(path);
-    if (entry) entry->attributes = attributes | (entry->attributes & diskEntry::subdirectory);
+    if (entry) entry->attributes = attributes | (entry->attributes & attributeSubdirectory);
 }
 
 void machine::setModificationTime(const string& path, std::int64_t seconds)
@@ -378,15 +378,15 @@ namespace orlo::platform {
 
 using namespace orlo::tests;
 
-bool access(const string& path, int mode)
+bool access(const string& path, unsigned mode)
 {
     const observedCall call("access", path);
     const entryPointer entry = entryAt(path);
     if (call.fails() || !entry) return false;
-    return (mode & 2) == 0 || entry->isDirectory() || !entry->isReadOnly();
+    return (mode & accessWrite) == 0 || entry->isDirectory() || !entry->isReadOnly();
 }
 
-bool queryStatus(const string& path, status& out)
+bool queryStatus(const string& path, fileStatus& out)
 {
     const observedCall call("queryStatus", path);
     const entryPointer entry = entryAt(path);
@@ -400,7 +400,7 @@ bool queryStatus(const string& path, status& out)
     return true;
 }
 
-bool createFile(const string& path, std::uint32_t permission)
+bool createFile(const string& path, unsigned permission)
 {
     const observedCall call("createFile", path);
     if (call.fails() || path.empty()) return false;
@@ -408,7 +408,7 @@ bool createFile(const string& path, std::uint32_t permission)
     const entryPointer entry =
         internals().entries.emptiedFile(absolutePath(path), machine::current().clock);
     if (!entry) return false;
-    if (isNew && (permission & 128) == 0) entry->attributes |= diskEntry::readOnly;
+    if (isNew && (permission & permissionToWrite) == 0) entry->attributes |= attributeReadOnly;
     return true;
 }
 

@@ -120,7 +120,7 @@ TEST_F(machineTest, refusesWritingToAReadOnlyFile)
 TEST_F(machineTest, tellsTheStatusOfEntries)
 {
     here.addFile(u"f", "1234");
-    platform::status status;
+    fileStatus status;
     EXPECT_TRUE(platform::queryStatus(u"f", status));
     EXPECT_EQ(status.mode & 16384, 0u);
     EXPECT_EQ(status.size, 4);
@@ -194,7 +194,7 @@ TEST_F(machineTest, copiesContentAttributesAndTime)
     EXPECT_TRUE(platform::copyFile(u"f", u"g", true));
     EXPECT_EQ(here.content(u"g"), "x");
     EXPECT_FALSE(platform::access(u"g", 2));
-    platform::status status;
+    fileStatus status;
     EXPECT_TRUE(platform::queryStatus(u"g", status));
     EXPECT_EQ(status.modificationTime, 7);
     EXPECT_FALSE(platform::copyFile(u"f", u"g", true));
@@ -532,7 +532,7 @@ TEST_F(machineTest, canFailEveryCallThatCanTellIt)
     string text;
     std::tm time{};
     time.tm_year = 100;
-    platform::status status;
+    fileStatus status;
 
     struct row {
         const char* operation;

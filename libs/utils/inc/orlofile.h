@@ -1,6 +1,7 @@
 // A file by its path, and the search for files in a directory.
 #pragma once
 
+#include "orlofilestatus.h"
 #include "orlofsentry.h"
 #include "orlotypeconvert.h"
 
@@ -14,24 +15,6 @@ namespace platform {
 struct searchHit;
 }
 
-// Bits of the attributes of a search hit; a mask of them tells what a search leaves out.
-enum entryAttributes : std::uint32_t {
-    attributeReadOnly = 1,
-    attributeHidden = 2,
-    attributeSystem = 4,
-    attributeSubdirectory = 16,
-    attributeArchive = 32,
-    skipHiddenAndSystem = attributeHidden | attributeSystem,
-};
-
-// What the system tells of a file.
-struct fileStatus {
-    static constexpr std::uint32_t directoryBit = 16384;
-    std::uint32_t mode = 0;
-    std::int64_t size = 0;
-    std::int64_t modificationTime = 0; // seconds since 1970
-};
-
 // The entry of a file. It keeps nothing open: each operation opens, works and closes. All
 // failures are a false or a zero.
 class file : public fsEntry {
@@ -44,15 +27,15 @@ public:
 
     // Something that is no directory is there.
     [[nodiscard]] bool exists() const override;
-    // Access in the system's sense: 0 existence, 2 write, 4 read.
-    [[nodiscard]] bool hasAccess(int mode) const;
+    // Access in the system's sense, by a mode of accessMode.
+    [[nodiscard]] bool hasAccess(unsigned mode) const;
     [[nodiscard]] bool isReadable() const;
     // A missing file is created and removed again to learn the answer.
     [[nodiscard]] bool isWritable() const;
     // Copies the content; false if a path is empty or the copy fails.
     bool copyTo(const file& target, bool overwriteTarget) const;
-    // Makes an empty file, never over an existing one. Mode 2 gives write permission, 4 read
-    // permission, 6 both.
+    // Makes an empty file, never over an existing one, with the permissions of the mode's bits
+    // accessWrite and accessRead.
     bool create(unsigned mode) const;
     bool stat(fileStatus& status) const;
     // Seconds since 1970; 0 if there is no file.

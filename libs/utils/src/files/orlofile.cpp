@@ -23,20 +23,20 @@ bool file::exists() const
     return stat(status) && (status.mode & fileStatus::directoryBit) == 0;
 }
 
-bool file::hasAccess(int mode) const
+bool file::hasAccess(unsigned mode) const
 {
     return !m_path.empty() && platform::access(m_path, mode);
 }
 
 bool file::isReadable() const
 {
-    return hasAccess(4);
+    return hasAccess(accessRead);
 }
 
 bool file::isWritable() const
 {
-    if (hasAccess(2) && exists()) return true;
-    return create(2) && remove();
+    if (hasAccess(accessWrite) && exists()) return true;
+    return create(accessWrite) && remove();
 }
 
 bool file::copyTo(const file& target, bool overwriteTarget) const
@@ -47,15 +47,13 @@ bool file::copyTo(const file& target, bool overwriteTarget) const
 
 bool file::create(unsigned mode) const
 {
-    return !m_path.empty() && !exists() && platform::createFile(m_path, (mode & 6) * 64);
+    const unsigned permissions = (mode & (accessWrite | accessRead)) * platform::permissionFactor;
+    return !m_path.empty() && !exists() && platform::createFile(m_path, permissions);
 }
 
 bool file::stat(fileStatus& status) const
 {
-    platform::status found;
-    if (m_path.empty() || !platform::queryStatus(m_path, found)) return false;
-    status = {found.mode, found.size, found.modificationTime};
-    return true;
+    return !m_path.empty() && platform::queryStatus(m_path, status);
 }
 
 std::int64_t file::modificationTime() const

@@ -27,7 +27,7 @@ void fsEntry::setPath(const string& newPath)
 
 bool fsEntry::exists() const
 {
-    return !m_path.empty() && platform::access(m_path, 0);
+    return !m_path.empty() && platform::access(m_path, accessExistence);
 }
 
 bool fsEntry::isRemote() const

@@ -3,6 +3,7 @@
 // the linker picks. Paths are Windows path text on every system.
 #pragma once
 
+#include "orlofilestatus.h"
 #include "orlostring.h"
 
 #include <cstddef>
@@ -13,18 +14,18 @@ namespace orlo::platform {
 
 // --- Entries -------------------------------------------------------------------------------
 
-// Mode 0 existence, 2 write, 4 read.
-bool access(const string& path, int mode);
+// By a mode of accessMode.
+bool access(const string& path, unsigned mode);
 
-struct status {
-    std::uint32_t mode = 0;            // bit 16384: a directory
-    std::int64_t size = 0;             // bytes
-    std::int64_t modificationTime = 0; // seconds since 1970
-};
-bool queryStatus(const string& path, status& out);
+// Leaves `out` as it is where nothing can be told.
+bool queryStatus(const string& path, fileStatus& out);
 
-// Makes an empty file with permission 128 (write), 256 (read) or both, and closes it.
-bool createFile(const string& path, std::uint32_t permission);
+// A permission is the bit of accessMode times this.
+inline constexpr unsigned permissionFactor = 64;
+inline constexpr unsigned permissionToWrite = accessWrite * permissionFactor;
+inline constexpr unsigned permissionToRead = accessRead * permissionFactor;
+// Makes an empty file with one of these permissions or both, and closes it.
+bool createFile(const string& path, unsigned permission);
 // Deletes a file; refuses a directory.
 bool removeFile(const string& path);
 bool renameEntry(const string& from, const string& to);
@@ -38,7 +39,7 @@ unsigned driveType(const string& root);
 
 struct searchHit {
     string name;
-    std::uint32_t attributes = 0; // 1 read-only, 2 hidden, 4 system, 16 subdirectory, 32 archive
+    std::uint32_t attributes = 0; // bits of entryAttributes
 };
 using searchHandle = std::intptr_t;
 inline constexpr searchHandle noSearch = -1;

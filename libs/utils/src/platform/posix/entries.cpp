@@ -11,10 +11,6 @@ namespace orlo::platform {
 
 namespace {
 
-constexpr int accessToWrite = 2;
-constexpr int accessToRead = 4;
-constexpr std::uint32_t permissionToWrite = 128;
-
 constexpr unsigned driveMissing = 1;
 constexpr unsigned driveFixed = 3;
 
@@ -45,15 +41,15 @@ bool renameIfFree(const std::string& from,
 
 } // namespace
 
-bool access(const string& path, int mode)
+bool access(const string& path, unsigned mode)
 {
     int wanted = F_OK;
-    if (mode & accessToWrite) wanted |= W_OK;
-    if (mode & accessToRead) wanted |= R_OK;
+    if (mode & accessWrite) wanted |= W_OK;
+    if (mode & accessRead) wanted |= R_OK;
     return ::access(nativePath(path).c_str(), wanted) == 0;
 }
 
-bool queryStatus(const string& path, status& out)
+bool queryStatus(const string& path, fileStatus& out)
 {
     struct stat found;
     if (::stat(nativePath(path).c_str(), &found) != 0) return false;
@@ -63,7 +59,7 @@ bool queryStatus(const string& path, status& out)
     return true;
 }
 
-bool createFile(const string& path, std::uint32_t permission)
+bool createFile(const string& path, unsigned permission)
 {
     // Who may write a file may read it, as on Windows; the rest is left to the user's mask.
     const mode_t mode = permission & permissionToWrite ? 0666 : 0444;

@@ -13,10 +13,6 @@ namespace orlo::platform {
 
 namespace {
 
-constexpr std::uint32_t readOnly = 1;
-constexpr std::uint32_t hidden = 2;
-constexpr std::uint32_t subdirectory = 16;
-
 struct directoryCloser {
     void operator()(DIR* directory) const { ::closedir(directory); }
 };
@@ -32,23 +28,29 @@ bool isDotName(std::string_view name)
     return name == "." || name == "..";
 }
 
+constexpr std::uint32_t attributeIf(bool set, entryAttributes attribute)
+{
+    return set ? attribute : 0U;
+}
+
 // The directory mostly tells what an entry is; only links, file systems that don't say and
 // the question for permissions cost a call.
 std::uint32_t typeAttributes(const runningSearch& search, const dirent& entry)
 {
     const bool told = entry.d_type != DT_UNKNOWN && entry.d_type != DT_LNK;
-    if (told && (search.wanted & readOnly) == 0) return entry.d_type == DT_DIR ? subdirectory : 0;
+    if (told && (search.wanted & attributeReadOnly) == 0)
+        return attributeIf(entry.d_type == DT_DIR, attributeSubdirectory);
 
     struct stat found;
     if (::fstatat(::dirfd(search.directory.get()), entry.d_name, &found, 0) != 0) return 0;
-    const std::uint32_t protection = (found.st_mode & 0222) == 0 ? readOnly : 0;
-    return protection | (S_ISDIR(found.st_mode) ? subdirectory : 0);
+    return attributeIf((found.st_mode & 0222) == 0, attributeReadOnly) |
+           attributeIf(S_ISDIR(found.st_mode), attributeSubdirectory);
 }
 
 std::uint32_t attributesOf(const runningSearch& search, const dirent& entry)
 {
     const bool isHidden = entry.d_name[0] == '.' && !isDotName(entry.d_name);
-    return typeAttributes(search, entry) | (isHidden ? hidden : 0);
+    return typeAttributes(search, entry) | attributeIf(isHidden, attributeHidden);
 }
 
 bool advance(const runningSearch& search, searchHit& hit)

@@ -9,12 +9,12 @@
 
 namespace orlo::platform {
 
-bool access(const string& path, int mode)
+bool access(const string& path, unsigned mode)
 {
-    return ::_waccess(wide(path), mode) == 0;
+    return ::_waccess(wide(path), static_cast<int>(mode)) == 0;
 }
 
-bool queryStatus(const string& path, status& out)
+bool queryStatus(const string& path, fileStatus& out)
 {
     // The record with a 64-bit size answers for files beyond 2 GB too.
     struct _stat64 found;
@@ -25,7 +25,7 @@ bool queryStatus(const string& path, status& out)
     return true;
 }
 
-bool createFile(const string& path, std::uint32_t permission)
+bool createFile(const string& path, unsigned permission)
 {
     // Never over a file that came into being a moment ago.
     const int flags = _O_RDWR | _O_CREAT | _O_EXCL | _O_BINARY | _O_NOINHERIT;
