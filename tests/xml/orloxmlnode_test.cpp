@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <string>
+#include <utility>
 #include <vector>
 
 using namespace orlo;
@@ -29,6 +31,58 @@ public:
 
     static inline int alive = 0;
 };
+
+// Tells what happens to it in its end.
+class watchedNode : public xmlNode {
+public:
+    explicit watchedNode(std::vector<std::string>& log, const char* id) : m_log(log), m_id(id) {}
+    ~watchedNode() override
+    {
+        m_log.push_back(m_id + " ends with " + std::to_string(children.size()));
+        for (const xmlNode* each : looksAt)
+            m_log.push_back(m_id + (each->parent == nullptr ? " sees none" : " sees a parent"));
+    }
+    std::uint32_t release() override
+    {
+        m_log.push_back(m_id + " release");
+        return xmlNode::release();
+    }
+    void deleteThis() override
+    {
+        m_log.push_back(m_id + " deleteThis at " + std::to_string(m_count));
+        xmlNode::deleteThis();
+    }
+
+    std::vector<const xmlNode*> looksAt;
+
+private:
+    std::vector<std::string>& m_log;
+    std::string m_id;
+};
+
+// Stays when its last reference goes.
+class stayingNode : public xmlNode {
+public:
+    void deleteThis() override { ++deaths; }
+    int deaths = 0;
+};
+
+// Lets another tree go in its destructor, and tells how many nodes are left behind that.
+class holdingNode : public xmlNode {
+public:
+    holdingNode(refptr<xmlNode> held, int& left) : m_held(std::move(held)), m_left(left) {}
+    ~holdingNode() override;
+
+private:
+    refptr<xmlNode> m_held;
+    int& m_left;
+};
+
+holdingNode::~holdingNode()
+{
+    m_held = nullptr;
+    m_left = countedNode::alive;
+}
 
 // A chain of counted nodes, the last of which is `deepest`.
 refptr<xmlNode> countedChain(std::size_t depth, refptr<xmlNode>& deepest)
@@ -221,4 +275,71 @@ TEST(xmlNode, destructionTellsOfAnEmptyChildAndGoesOn)
     ASSERT_EQ(here.boxes.size(), 1u);
     EXPECT_EQ(here.boxes[0].text,
               u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
+}
+
+TEST(xmlNode, destructionReleasesEveryNodeOnceAndDeletesItAtTheCountZero)
+{
+    std::vector<std::string> log;
+    refptr<xmlNode> root(new watchedNode(log, "root"));
+    const refptr<xmlNode> inner(new watchedNode(log, "inner"));
+    root->addChild(refptr<xmlNode>(new watchedNode(log, "leaf")));
+    {
+        const refptr<xmlNode> branch(new watchedNode(log, "branch"));
+        branch->addChild(refptr<xmlNode>(new watchedNode(log, "below")));
+        root->addChild(branch);
+        root->addChild(inner);
+    }
+    log.clear();
+    root = nullptr;
+    EXPECT_EQ(log, (std::vector<std::string>{
+                       "root release", "root deleteThis at 0", "root ends with 3", "leaf release",
+                       "leaf deleteThis at 0", "leaf ends with 0",
+                       "inner release", // which is held elsewhere
+                       "branch release", "branch deleteThis at 0", "branch ends with 1",
+                       "below release", "below deleteThis at 0", "below ends with 0"}));
+    EXPECT_EQ(inner->parent, nullptr);
+    log.clear();
+}
+
+TEST(xmlNode, allChildrenForgetTheirParentBeforeTheFirstOneGoes)
+{
+    std::vector<std::string> log;
+    refptr<xmlNode> root = xmlNode::createNode(u"root");
+    auto* const first = new watchedNode(log, "first");
+    root->addChild(refptr<xmlNode>(first));
+    const refptr<xmlNode> last = root->addChild(u"last");
+    first->looksAt = {last.get()};
+    log.clear();
+    root = nullptr;
+    EXPECT_EQ(log.back(), "first sees none");
+}
+
+TEST(xmlNode, aNodeThatDeletesItselfInItsOwnWayKeepsItsChildren)
+{
+    stayingNode staying;
+    {
+        const refptr<xmlNode> root = xmlNode::createNode(u"root");
+        const refptr<xmlNode> branch = root->addChild(u"branch");
+        EXPECT_TRUE(branch->addChild(refptr<xmlNode>(&staying)));
+        staying.addChild(u"child")->addChild(u"grandchild");
+    }
+    EXPECT_EQ(staying.deaths, 1);
+    EXPECT_EQ(staying.parent, nullptr);
+    ASSERT_EQ(staying.children.size(), 1u);
+    EXPECT_EQ(staying.children[0]->parent, &staying);
+    EXPECT_EQ(staying.children[0]->children[0]->name, u"grandchild");
+}
+
+TEST(xmlNode, aTreeThatADestructorLetsGoIsGoneBehindThat)
+{
+    int left = -1;
+    refptr<xmlNode> deepest;
+    refptr<xmlNode> root = xmlNode::createNode(u"root");
+    refptr<xmlNode> holding(new holdingNode(countedChain(5, deepest), left));
+    deepest = nullptr;
+    holding->addChild(u"child");
+    root->addChild(holding);
+    holding = nullptr;
+    root = nullptr;
+    EXPECT_EQ(left, 0);
 }

@@ -54,7 +54,8 @@ public:
     ~xmlNode() override;
 
 private:
-    void dropChildren(xmlNode*& doomed) noexcept;
+    void releaseAllBelow() noexcept;
+    void releaseChildren(xmlNode*& waiting) noexcept;
 };
 
 // Turns the five named entities and "&#x" with one to three hexadecimal digits into their

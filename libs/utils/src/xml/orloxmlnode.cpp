@@ -23,6 +23,26 @@ void tellEmptyChild() noexcept
     }
 }
 
+void forgetParents(std::vector<refptr<xmlNode>>& children) noexcept
+{
+    bool anyEmpty = false;
+    for (refptr<xmlNode>& child : children) {
+        if (child)
+            child->parent = nullptr;
+        else
+            anyEmpty = true;
+    }
+    if (anyEmpty) tellEmptyChild();
+}
+
+// The destruction of a tree: the node whose last reference is being released, and the nodes
+// that wait for that.
+struct teardown {
+    xmlNode* dying = nullptr;
+    xmlNode* waiting = nullptr;
+};
+thread_local teardown* runningTeardown = nullptr;
+
 } // namespace
 
 refptr<xmlNode> xmlNode::createNode(const string& tag)
@@ -69,39 +89,45 @@ void xmlNode::deleteThis()
     delete this;
 }
 
-// A tree may be deeper than the call stack, so the nodes below do not die inside each other:
-// those with children of their own wait in a list, linked through the `parent` that they no
-// longer need, and find their turn one after the other.
+// A tree may be deeper than the call stack, so nodes with children do not die inside each other:
+// they wait for their turn in the destruction of the node that went first.
 xmlNode::~xmlNode()
 {
-    xmlNode* doomed = nullptr;
-    dropChildren(doomed);
-    while (doomed != nullptr) {
-        xmlNode* const node = doomed;
-        doomed = std::exchange(node->parent, nullptr);
-        node->dropChildren(doomed);
-        node->deleteThis();
-    }
+    if (children.empty()) return;
+    forgetParents(children);
+    if (runningTeardown != nullptr && runningTeardown->dying == this)
+        releaseChildren(runningTeardown->waiting);
+    else
+        releaseAllBelow();
 }
 
-// In one pass, as the nodes of a large tree come from memory each time they are looked at.
-void xmlNode::dropChildren(xmlNode*& doomed) noexcept
+// What a destructor of the program's own lets go on the way is torn down for itself.
+void xmlNode::releaseAllBelow() noexcept
 {
-    bool anyEmpty = false;
+    teardown all;
+    teardown* const around = std::exchange(runningTeardown, &all);
+    releaseChildren(all.waiting);
+    while (all.waiting != nullptr) {
+        all.dying = all.waiting;
+        all.waiting = std::exchange(all.dying->parent, nullptr);
+        all.dying->release();
+    }
+    runningTeardown = around;
+}
+
+// Releases the children. Those that will go and have children of their own are put in front of
+// `waiting` with the reference, linked through the `parent` that they no longer need.
+void xmlNode::releaseChildren(xmlNode*& waiting) noexcept
+{
     for (refptr<xmlNode>& child : children) {
-        xmlNode* const node = child.get();
-        if (node == nullptr) {
-            anyEmpty = true;
-            continue;
-        }
-        node->parent = nullptr;
-        if (node->children.empty() || node->referenceCount() != 1)
+        if (!child) continue;
+        xmlNode& node = *child;
+        if (node.children.empty() || node.referenceCount() != 1)
             child = nullptr;
         else
-            node->parent = std::exchange(doomed, child.detach());
+            node.parent = std::exchange(waiting, child.detach());
     }
     children.clear();
-    if (anyEmpty) tellEmptyChild();
 }
 
 } // namespace orlo
