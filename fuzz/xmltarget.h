@@ -2,12 +2,14 @@
 #pragma once
 
 #include "input.h"
-#include "judgexml.h"
 #include "orloexception.h"
 #include "orloxmlnode.h"
+#include "support/judgexml.h"
 #include "support/machine.h"
 
 namespace orlo::fuzz {
+
+using namespace tests; // the judge
 
 enum class outcome { done, malformed, noText };
 

@@ -1,4 +1,4 @@
-#include "judgexml.h"
+#include "support/judgexml.h"
 
 #include "platform/platform.h"
 
@@ -6,7 +6,7 @@
 #include <cstring>
 #include <string_view>
 
-namespace orlo::fuzz {
+namespace orlo::tests {
 
 namespace {
 
@@ -360,4 +360,4 @@ std::size_t judgeEstimate(const judgedNode& node, std::size_t width)
     return size + node.name.size() + 5 + width;
 }
 
-} // namespace orlo::fuzz
+} // namespace orlo::tests

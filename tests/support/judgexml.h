@@ -2,15 +2,17 @@
 // code is held against. Nothing here shares code with it.
 #pragma once
 
-#include "targets.h"
-
 #include <cstddef>
+#include <cstdint>
 #include <optional>
+#include <span>
 #include <string>
 #include <utility>
 #include <vector>
 
-namespace orlo::fuzz {
+namespace orlo::tests {
+
+using bytes = std::span<const std::uint8_t>;
 
 // Thrown where the rules say that the reader never comes to an end, or ends the process. Such
 // an input is not given to it.
@@ -44,4 +46,4 @@ void judgeParseBuffer(judgedNode& document, bytes given, bool keepWhitespace);
 void judgeWrite(std::u16string& out, const judgedNode& node, const std::u16string& indent);
 std::size_t judgeEstimate(const judgedNode& node, std::size_t width);
 
-} // namespace orlo::fuzz
+} // namespace orlo::tests

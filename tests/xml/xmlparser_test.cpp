@@ -1,6 +1,7 @@
 #include "orloexception.h"
 #include "orloxmlnode.h"
 
+#include "support/judgexml.h"
 #include "support/machine.h"
 #include "support/text.h"
 
@@ -8,13 +9,14 @@
 
 #include <chrono>
 #include <cstdlib>
-#include <cwchar>
 #include <optional>
 #include <random>
 #include <thread>
+#include <utility>
+#include <vector>
 
 using namespace orlo;
-using orlo::tests::machine;
+using namespace orlo::tests;
 
 namespace {
 
@@ -68,160 +70,30 @@ void expectOutcomes(const parseRow (&rows)[Count])
         EXPECT_EQ(outcomeOf(row.text), row.expected) << narrow(row.text);
 }
 
-// --- a slow reader, step by step and recursive, as the judge -------------------------------
-
-class slowReader {
-public:
-    slowReader(const string& text, bool keepWhitespace)
-        : m_text(text), m_keepWhitespace(keepWhitespace)
-    {}
-
-    struct failure {};
-    static constexpr std::size_t none = string::npos;
-
-    std::size_t read(xmlNode& node, std::size_t at);
-
-private:
-    [[nodiscard]] char16_t unit(std::size_t at) const
-    {
-        return at < m_text.size() ? m_text[at] : u'\0';
-    }
-    [[nodiscard]] bool has(std::size_t at, std::u16string_view what) const
-    {
-        return at <= m_text.size() && std::u16string_view(m_text).substr(at).starts_with(what);
-    }
-    [[nodiscard]] std::size_t blanks(std::size_t at) const
-    {
-        while (unit(at) != 0 && std::u16string_view(u" \t\n\v\f\r").find(unit(at)) != none) ++at;
-        return at;
-    }
-    [[nodiscard]] std::size_t until(std::size_t at, std::u16string_view ends) const
-    {
-        return std::min(m_text.find_first_of(ends, at), m_text.size());
-    }
-    static void require(bool good)
-    {
-        if (!good) throw failure();
-    }
-    std::size_t prolog(std::size_t at) const;
-    std::size_t attributes(xmlNode& node, std::size_t at) const;
-    std::size_t close(const string& name, std::size_t at) const;
-    void store(xmlNode& node, std::size_t first, std::size_t last) const;
-
-    const string& m_text;
-    bool m_keepWhitespace;
-};
-
-std::size_t slowReader::prolog(std::size_t at) const
+// The same, of the judge's.
+void describe(const judgedNode& node, string& out)
 {
-    while (true) {
-        at = m_text.find(u'<', at);
-        if (at == none) return none;
-        std::size_t end = none;
-        if (has(at, u"<!--")) {
-            end = m_text.find(u"-->", at + 4);
-            at = end + 3;
-        } else if (has(at, u"<?")) {
-            end = m_text.find(u"?>", at + 2);
-            at = end + 2;
-        } else if (has(at, u"<!")) {
-            end = m_text.find(u">", at + 2);
-            at = end + 1;
-        } else {
-            return at;
-        }
-        if (end == none) return none;
+    out.append(node.name);
+    for (const auto& [name, value] : node.attributes)
+        out.append(u" " + name + u"=[" + value + u"]");
+    if (!node.text.empty()) out.append(u" '" + node.text + u"'");
+    for (const judgedNode& child : node.children) {
+        out.append(&child == &node.children.front() ? u" (" : u" ");
+        describe(child, out);
     }
+    if (!node.children.empty()) out.append(u")");
 }
 
-std::size_t slowReader::attributes(xmlNode& node, std::size_t at) const
+string judgedOutcomeOf(const string& text, bool keepWhitespace)
 {
-    while (at < m_text.size()) {
-        at = blanks(at);
-        if (unit(at) == u'>' || has(at, u"/>")) break;
-        const std::size_t nameEnd = until(at, u" \t\n\v\f\r=");
-        const std::size_t equals = m_text.find(u'=', nameEnd);
-        require(equals != none);
-        const std::size_t quote = blanks(equals + 1);
-        require(unit(quote) == u'"' || unit(quote) == u'\'');
-        const std::size_t end = m_text.find(unit(quote), quote + 1);
-        require(end != none);
-        string value(m_text.substr(quote + 1, end - quote - 1));
-        decodeEntities(value);
-        node.attributes.emplace_back(m_text.substr(at, nameEnd - at), value);
-        at = end + 1;
-    }
-    return at;
-}
-
-std::size_t slowReader::close(const string& name, std::size_t at) const
-{
-    at = blanks(at);
-    require(has(at, name));
-    at = blanks(at + name.size());
-    require(unit(at) == u'>');
-    return at + 1;
-}
-
-void slowReader::store(xmlNode& node, std::size_t first, std::size_t last) const
-{
-    string text(m_text.substr(first, last - first));
-    if (!m_keepWhitespace) text.trimLeft(u" \t").trimRight(u" \t");
-    decodeEntities(text);
-    node.text = text;
-}
-
-std::size_t slowReader::read(xmlNode& node, std::size_t at)
-{
-    const std::size_t tag = prolog(at);
-    if (tag == none) return none;
-    at = blanks(tag + 1);
-    require(at < m_text.size());
-    if (unit(at) == u'/') return tag;
-    const std::size_t nameEnd = until(at, u" \t\n\v\f\r>/");
-    require(unit(nameEnd) != u'/' || unit(nameEnd + 1) == u'>');
-    node.name = m_text.substr(at, nameEnd - at);
-    at = attributes(node, nameEnd);
-    std::vector<refptr<xmlNode>> children = node.children;
-    if (unit(at) != u'>') return at;
-    const std::size_t next = m_text.find(u'<', at + 1);
-    require(next != none);
-    if (unit(next + 1) == u'/') {
-        const std::size_t behind = close(node.name, next + 2);
-        store(node, at + 1, next);
-        return behind;
-    }
-    if (blanks(at + 1) != next) store(node, blanks(at + 1), next);
-    if (next + 1 == m_text.size()) return next;
-    at = next;
-    while (true) {
-        at = m_text.find(u'<', at);
-        require(at != none);
-        const std::size_t inside = blanks(at + 1);
-        if (unit(inside) == u'/') {
-            at = close(node.name, inside + 1);
-            node.children = children;
-            return at;
-        }
-        const refptr<xmlNode> child = xmlNode::createNode(u"");
-        at = read(*child, at);
-        if (at == none) return none;
-        if (child->name.empty()) continue;
-        children.push_back(child);
-        child->parent = &node;
-    }
-}
-
-string slowOutcomeOf(const string& text, bool keepWhitespace)
-{
-    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    judgedNode node;
     string outcome;
     try {
-        const std::size_t rest = slowReader(text, keepWhitespace).read(*node, 0);
-        describe(*node, outcome);
-        return outcome + u" | " + (rest == slowReader::none ? string(u"null") : text.substr(rest));
-    } catch (const slowReader::failure&) {
-        describe(*node, outcome);
+        const auto rest = judgeParse(node, text, keepWhitespace);
+        describe(node, outcome);
+        return outcome + u" | " + (rest ? text.substr(*rest) : string(u"null"));
+    } catch (const malformed&) {
+        describe(node, outcome);
         return outcome + u" | error";
     }
 }
@@ -234,36 +106,16 @@ string randomText(std::mt19937& random, const std::vector<string>& pieces, unsig
     return text;
 }
 
-// --- a slow decoder ------------------------------------------------------------------------
-
-// One pass, or false where it would never end. Numeric references are searched from the start
-// each time.
-bool slowPass(string& text)
-{
-    text.replaceAll(u"&amp;", u"&").replaceAll(u"&apos;", u"'").replaceAll(u"&quot;", u"\"");
-    text.replaceAll(u"&lt;", u"<").replaceAll(u"&gt;", u">");
-    for (std::size_t hit = text.find(u"&#x"); hit != string::npos; hit = text.find(u"&#x")) {
-        std::size_t end = 0;
-        for (const std::size_t place : {hit + 4, hit + 5, hit + 6})
-            if (place < text.size() && text[place] == u';') end = place;
-        if (end == 0) return false;
-        const string reference = text.substr(hit, end + 1 - hit);
-        const std::string digits = narrow(reference.substr(3, reference.size() - 4));
-        const auto unit = static_cast<char16_t>(std::strtol(digits.c_str(), nullptr, 16));
-        text.replaceAll(reference, unit == 0 ? string() : string(unit));
-    }
-    return true;
-}
-
 // Nothing where the decoder would never end.
-std::optional<string> slowDecoded(string text)
+std::optional<string> judgedDecoded(const string& text)
 {
-    std::size_t before = 0;
-    do {
-        before = text.size();
-        if (!slowPass(text)) return std::nullopt;
-    } while (text.size() != before);
-    return text;
+    try {
+        std::u16string decoded = text;
+        judgeDecodeEntities(decoded);
+        return string(std::move(decoded));
+    } catch (const neverEnds&) {
+        return std::nullopt;
+    }
 }
 
 string decoded(string text)
@@ -652,7 +504,7 @@ TEST(parseText, readsAMillionChildren)
     EXPECT_EQ(node->children.capacity(), count);
 }
 
-TEST(parseText, agreesWithASlowReaderOnRandomText)
+TEST(parseText, agreesWithTheJudgeOnRandomText)
 {
     constexpr unsigned seed = 5;
     static const std::vector<string> pieces = {
@@ -666,7 +518,7 @@ TEST(parseText, agreesWithASlowReaderOnRandomText)
     for (int i = 0; i < 30000; ++i) {
         const string text = randomText(random, pieces, 20);
         const bool keepWhitespace = random() % 2 == 0;
-        ASSERT_EQ(outcomeOf(text, keepWhitespace), slowOutcomeOf(text, keepWhitespace))
+        ASSERT_EQ(outcomeOf(text, keepWhitespace), judgedOutcomeOf(text, keepWhitespace))
             << "seed " << seed << ", text " << narrow(text);
     }
 }
@@ -750,7 +602,7 @@ TEST(decodeEntities, handlesZeroUnits)
     EXPECT_EQ(decoded(string(u"&#x4\0;&lt;", 10)), string(u"\x04<"));
 }
 
-TEST(decodeEntities, agreesWithSlowPassesOnRandomText)
+TEST(decodeEntities, agreesWithTheJudgeOnRandomText)
 {
     constexpr unsigned seed = 7;
     static const std::vector<string> pieces = {
@@ -763,7 +615,7 @@ TEST(decodeEntities, agreesWithSlowPassesOnRandomText)
     int ended = 0;
     for (int i = 0; i < 200000; ++i) {
         const string text = randomText(random, pieces, 12);
-        const std::optional<string> expected = slowDecoded(text);
+        const std::optional<string> expected = judgedDecoded(text);
         if (!expected) continue;
         ++ended;
         ASSERT_EQ(decoded(text), *expected) << "seed " << seed << ", text " << narrow(text);
