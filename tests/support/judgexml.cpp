@@ -227,7 +227,7 @@ std::optional<std::size_t> judge::readChildren(judgedNode& node, std::vector<jud
 
 // --- bytes -----------------------------------------------------------------------------------
 
-std::u16string unitsOf(bytes given)
+std::u16string unitsOf(judgedBytes given)
 {
     std::u16string units;
     for (std::size_t at = 0; at < given.size(); at += 2)
@@ -236,7 +236,7 @@ std::u16string unitsOf(bytes given)
     return units;
 }
 
-std::u16string converted(platform::encoding from, bytes given)
+std::u16string converted(platform::encoding from, judgedBytes given)
 {
     std::u16string units(given.size() + 1, u'\0');
     if (given.empty()) throw noText();
@@ -246,7 +246,7 @@ std::u16string converted(platform::encoding from, bytes given)
     return units;
 }
 
-std::u16string documentText(bytes given)
+std::u16string documentText(judgedBytes given)
 {
     const std::string_view view(reinterpret_cast<const char*>(given.data()), given.size());
     if (view.starts_with("\xEF\xBB\xBF"))
@@ -283,7 +283,7 @@ void judgeEncodeEntities(std::u16string& text)
     replaceEach(text, u">", u"&gt;");
 }
 
-std::optional<std::string> judgeDeclaredEncoding(bytes given)
+std::optional<std::string> judgeDeclaredEncoding(judgedBytes given)
 {
     if (given.size() < 3 || given[0] != '<' || given[1] != '?') return std::nullopt;
     scanBuffer buffer;
@@ -321,7 +321,7 @@ std::optional<std::size_t> judgeParse(judgedNode& node, const std::u16string& te
     return judge(text, keepWhitespace).parse(node, 0);
 }
 
-void judgeParseBuffer(judgedNode& document, bytes given, bool keepWhitespace)
+void judgeParseBuffer(judgedNode& document, judgedBytes given, bool keepWhitespace)
 {
     const std::u16string text = documentText(given);
     judgeParse(document, text.substr(0, text.find(u'\0')), keepWhitespace);

@@ -12,7 +12,7 @@
 
 namespace orlo::tests {
 
-using bytes = std::span<const std::uint8_t>;
+using judgedBytes = std::span<const std::uint8_t>;
 
 // Thrown where the rules say that the reader never comes to an end, or ends the process. Such
 // an input is not given to it.
@@ -35,13 +35,13 @@ void judgeDecodeEntities(std::u16string& text);
 void judgeEncodeEntities(std::u16string& text);
 
 // The declared encoding; no value if there is none.
-std::optional<std::string> judgeDeclaredEncoding(bytes given);
+std::optional<std::string> judgeDeclaredEncoding(judgedBytes given);
 
 // Where the caller goes on; no value if the text ended first. `text` has no zero unit: where
 // the text ends, the input ends.
 std::optional<std::size_t> judgeParse(judgedNode& node, const std::u16string& text,
                                       bool keepWhitespace);
-void judgeParseBuffer(judgedNode& document, bytes given, bool keepWhitespace);
+void judgeParseBuffer(judgedNode& document, judgedBytes given, bool keepWhitespace);
 
 void judgeWrite(std::u16string& out, const judgedNode& node, const std::u16string& indent);
 std::size_t judgeEstimate(const judgedNode& node, std::size_t width);

@@ -45,6 +45,7 @@ struct inside {
     std::map<std::intptr_t, openedFile> openFiles;
     std::map<std::intptr_t, runningSearch> searches;
     std::vector<fault> faults;
+    std::map<const diskEntry*, std::int64_t> pretendedSizes;
 };
 
 // These live until the process ends, so that singletons may use the seam before the first and
@@ -365,6 +366,11 @@ bool machine::faultsPending() const
                        [](const fault& planned) { return planned.callsLeft > 0; });
 }
 
+void machine::pretendSize(const string& path, std::int64_t bytes)
+{
+    internals().pretendedSizes[fileAt(path).get()] = bytes;
+}
+
 std::size_t machine::openHandles() const
 {
     return internals().openFiles.size() + internals().searches.size();
@@ -395,8 +401,11 @@ bool queryStatus(const string& path, fileStatus& out)
     const std::uint32_t permission = entry->isDirectory()  ? 0777
                                      : entry->isReadOnly() ? 0444
                                                            : 0666;
-    out = {kind | permission, static_cast<std::int64_t>(entry->bytes.size()),
-           entry->modificationTime};
+    const auto pretended = internals().pretendedSizes.find(entry.get());
+    const std::int64_t size = pretended == internals().pretendedSizes.end()
+                                  ? static_cast<std::int64_t>(entry->bytes.size())
+                                  : pretended->second;
+    out = {kind | permission, size, entry->modificationTime};
     return true;
 }
 

@@ -42,6 +42,8 @@ struct machine {
     [[nodiscard]] std::string content(const string& path) const;      // empty if missing
     void setAttributes(const string& path, std::uint32_t attributes); // 1 read-only: not writable
     void setModificationTime(const string& path, std::int64_t seconds);
+    // What a status tells of a file that is larger than the memory of a test.
+    void pretendSize(const string& path, std::int64_t bytes);
     // Paths of all files, sorted, for comparing a whole state.
     [[nodiscard]] std::vector<string> files() const;
 

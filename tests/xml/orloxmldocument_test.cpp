@@ -221,6 +221,42 @@ TEST_F(xmlLoad, letsALackOfMemoryForTheTextThrough)
     expectNoHandles();
 }
 
+// Only the low 32 bits of a size count, with their sign.
+TEST_F(xmlLoad, hasNoMemoryForAFileOf2GiB)
+{
+    here.addFile(path, "<a/>");
+    for (const std::int64_t size : {std::int64_t{1} << 31, (std::int64_t{1} << 32) - 1}) {
+        here.pretendSize(path, size);
+        EXPECT_THROW(load(), outOfMemoryException) << size;
+        EXPECT_EQ(here.countCalls("readFile"), 0u) << size;
+        here.failCall("openFile", 1);
+        EXPECT_THROW(load(), readFileException) << size; // the opening comes first
+        expectNoHandles();
+    }
+}
+
+TEST_F(xmlLoad, takesAFileOf4GiBForEmpty)
+{
+    here.addFile(path, "<a/>");
+    here.pretendSize(path, std::int64_t{1} << 32);
+    load();
+    EXPECT_EQ(document->name, u"");
+    EXPECT_EQ(here.countCalls("openFile"), 0u);
+}
+
+TEST_F(xmlLoad, readsWhatIsBeyond4GiBFromTheStart)
+{
+    here.addFile(path, "<a/><b/>");
+    here.pretendSize(path, (std::int64_t{1} << 32) + 4);
+    load();
+    EXPECT_EQ(document->name, u"a");
+    document = xmlDocument::createDocument();
+    here.pretendSize(path, (std::int64_t{1} << 32) + 1);
+    EXPECT_THROW(load(), invalidXmlException); // of "<" alone
+    here.pretendSize(path, (std::int64_t{1} << 32) + 9);
+    EXPECT_THROW(load(), readFileException); // a byte more than there is
+}
+
 TEST_F(xmlLoad, leavesTheDocumentEmptyWithoutATag)
 {
     here.addFile(path, "no tag at all");
@@ -270,6 +306,12 @@ TEST_F(xmlParseBuffer, decidesTheEncodingByMarkThenDeclaration)
         {"declared UTF-8", declaration("UTF-8") + "<a>\xC3\xA9</a>", u"\u00e9"},
         {"an empty name is UTF-8", declaration("") + "<a>\xC3\xA9</a>", u"\u00e9"},
         {"another name is the system's set", declaration("iso-8859-1") + "<a>\xE9</a>", u"\u00e9"},
+        {"utf8 is another name", declaration("utf8") + "<a>\xC3\xA9</a>", u"\u00c3\u00a9"},
+        {"utf16 is another name", declaration("utf16") + "<a>\xE9</a>", u"\u00e9"},
+        {"utf-16le is another name", declaration("utf-16le") + "<a>\xE9</a>", u"\u00e9"},
+        {"utf-16be is another name", declaration("UTF-16BE") + "<a>\xE9</a>", u"\u00e9"},
+        {"utf-8 with more is another name", declaration("utf-8x") + "<a>\xE9</a>", u"\u00e9"},
+        {"a shorter name is another one", declaration("utf-1") + "<a>\xE9</a>", u"\u00e9"},
         {"an unknown name too", declaration("x") + "<a>\xC3\xA9</a>", u"\u00c3\u00a9"},
         {"an unseen declaration is UTF-8", "<?xml encoding='x'?><a>\xC3\xA9</a>", u"\u00e9"},
         {"bad bytes are replaced", "<a>\xFFx</a>", u"\ufffdx"},
@@ -329,6 +371,55 @@ TEST_F(xmlParseBuffer, aDeclaredUtf16WithoutMarkIsAnEmptyDocument)
     EXPECT_EQ(here.countCalls("decode"), 0u);
 }
 
+// Behind a declaration of even length, units stand where the copy from the third byte on finds
+// them.
+TEST_F(xmlParseBuffer, aDeclaredUtf16IsCopiedFromTheThirdByteOn)
+{
+    const std::string odd = declaration("utf-16");
+    ASSERT_EQ(odd.size() % 2, 1u);
+    parse(odd + unitBytes(u"<a/>"));
+    EXPECT_EQ(document->name, u"");
+    parse(odd + " " + unitBytes(u"<a/>"));
+    EXPECT_EQ(document->name, u"a");
+}
+
+TEST_F(xmlParseBuffer, handsKeepWhitespaceDown)
+{
+    for (const std::string& bytes :
+         {std::string("<a>  </a>"), utf8Mark + "<a>  </a>", utf16Mark + unitBytes(u"<a>  </a>"),
+          declaration("x") + "<a>  </a>"}) {
+        for (const bool keepWhitespace : {true, false}) {
+            document = xmlDocument::createDocument();
+            document->parseBuffer(bytes.data(), bytes.size(), keepWhitespace);
+            EXPECT_EQ(document->text, keepWhitespace ? u"  " : u"") << bytes;
+        }
+    }
+}
+
+TEST_F(xmlParseBuffer, aZeroEndsTheTextWhereverItStands)
+{
+    const std::string zero(1, '\0');
+    for (const std::string& start :
+         {std::string(), utf8Mark, declaration("utf-8"), declaration("x")}) {
+        document = xmlDocument::createDocument();
+        EXPECT_THROW(parse(start + "<a>x" + zero + "</a>"), unexpectedErrorException) << start;
+        EXPECT_EQ(document->name, u"a");
+        EXPECT_EQ(document->text, u"");
+        EXPECT_THROW(parse(start + "<a b='x" + zero + "'/>"), unexpectedErrorException) << start;
+        EXPECT_THROW(parse(start + "<a><b/>" + zero + "</a>"), unexpectedErrorException) << start;
+        document = xmlDocument::createDocument();
+        parse(start + "<ab" + zero + "c/>");
+        EXPECT_EQ(document->name, u"ab") << start;
+        document = xmlDocument::createDocument();
+        parse(start + "<!-- " + zero + "--><a/>");
+        EXPECT_EQ(document->name, u"") << start;
+    }
+    document = xmlDocument::createDocument();
+    EXPECT_THROW(parse(utf16Mark + unitBytes(string(u"<a>x\0</a>", 9))), unexpectedErrorException);
+    parse(utf16Mark + unitBytes(string(u"<ab\0c/>", 7)));
+    EXPECT_EQ(document->name, u"ab");
+}
+
 TEST_F(xmlParseBuffer, endsAtAZeroByte)
 {
     parse(std::string("<a/>\0<b/>", 9));
@@ -355,6 +446,8 @@ TEST(findDeclaredEncoding, findsTheValueInDoubleQuotesRightBehindTheWord)
         {"<?xml version=\"1.0\" ENCODING=\"utf-8\"?>", u"utf-8"},
         {"<?xml version=\"1.0\" eNcOdInG=\"utf-8\" standalone=\"yes\"?>", u"utf-8"},
         {"<?encoding=\"x\"?>", u"x"},
+        // The scan begins at the third byte: this is no end.
+        {"<?> encoding=\"x\"?>", u"x"},
         {"<?xml encoding=\"\"?>", u""},
         {"<?xml version=\"1.0\"?>", u"(none)"},
         {"<?xml encoding='utf-8'?>", u"(none)"},

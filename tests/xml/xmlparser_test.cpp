@@ -168,6 +168,19 @@ TEST(parseText, givesNullWhereTheTextEndsBeforeATag)
     expectOutcomes(rows);
 }
 
+TEST(parseText, knowsOtherMarkupDirectlyBehindItsBeginningAlone)
+{
+    static const parseRow rows[] = {
+        {u"< !x/>", u"!x | />"},
+        {u"<\t!--/>", u"!-- | />"},
+        {u"<\n?p/>", u"?p | />"},
+        {u"< !-- c --><a b='1'/>", u"!-- c=[1] | />"},
+        {u"<a>x< !--y--></a>", u"a 'x' | error"},
+        {u"<a>x< ?y/></a>", u"a 'x' (?y) | "},
+    };
+    expectOutcomes(rows);
+}
+
 TEST(parseText, readsTheNameOfATag)
 {
     static const parseRow rows[] = {
