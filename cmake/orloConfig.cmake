@@ -1,4 +1,4 @@
-# The installed package: find_package(orlo) gives orlo::utils and orlo::geo.
+# The installed package: find_package(orlo) gives orlo::utils, orlo::geo and orlo::entry.
 include(CMakeFindDependencyMacro)
 if(NOT WIN32)
   find_dependency(Threads)

@@ -8,6 +8,7 @@
 #include "orloreport.h"
 #include "orlotypeconvert.h"
 #include "orloxmldocument.h"
+#include "platformfiles.h"
 #include "platformframe.h"
 
 #include <optional>
@@ -26,7 +27,7 @@ namespace {
 
 constexpr const char16_t* languageFile = u"language.loc";
 
-// What the caller asked for, once it has been found usable.
+// What the caller asked for, found usable.
 struct request {
     file result;
     directory taven;
@@ -34,30 +35,59 @@ struct request {
     double zoffset = 0;
 };
 
-bool readResultFile(bool debug, const arguments& given, request& asked)
+struct platformSwitches {
+    string tavenFolder;
+    string platform;
+    string zoffset = u"0";
+};
+
+file readResultFile(const arguments& given)
 {
     string out;
     readSwitches(given, {{u"-out:", &out}});
-    asked.result = file(orlo::normalizePath(out, false));
-    const string folder = orlo::pathDirectory(asked.result.path());
+    return file(orlo::normalizePath(out, false));
+}
+
+platformSwitches readPlatformSwitches(const arguments& given)
+{
+    platformSwitches read;
+    readSwitches(given, {{u"-tavenfldr:", &read.tavenFolder},
+                         {u"-platform:", &read.platform},
+                         {u"-zoffset:", &read.zoffset}});
+    return read;
+}
+
+// False, reported with the debug flag, if the folder of the result does not exist.
+bool hasFolder(const file& result, bool debug)
+{
+    const string folder = orlo::pathDirectory(result.path());
     if (directory(orlo::normalizePath(folder, false)).exists()) return true;
     if (debug) orlo::reportMessage(u"Folder for result \"%s\" not existing", folder);
     return false;
 }
 
-bool readPlatform(bool debug, const arguments& given, request& asked)
+// False, after its report, if the text is no number.
+bool takeOffset(double& zoffset, const string& text)
 {
-    string tavenFolder;
-    string zoffset = u"0";
-    readSwitches(given, {{u"-tavenfldr:", &tavenFolder},
-                         {u"-platform:", &asked.platform},
-                         {u"-zoffset:", &zoffset}});
-
-    if (!takeFolder(asked.taven, tavenFolder, debug, u"Taven folder \"%s\" not found"))
-        return false;
-    if (orlo::typeconvert::convert(asked.zoffset, zoffset)) return true;
-    orlo::reportMessage(u"Error parsing zoffset value \"%s\" ", zoffset);
+    if (orlo::typeconvert::convert(zoffset, text)) return true;
+    orlo::reportMessage(u"Error parsing zoffset value \"%s\" ", text);
     return false;
+}
+
+// Callers depend on the order of the checks, which decides what is reported: the folder of the
+// result comes before any other switch is read.
+std::optional<request> readRequest(bool debug, const arguments& given)
+{
+    request asked;
+    asked.result = readResultFile(given);
+    if (!hasFolder(asked.result, debug)) return std::nullopt;
+
+    const platformSwitches read = readPlatformSwitches(given);
+    asked.platform = read.platform;
+    if (!takeFolder(asked.taven, read.tavenFolder, debug, u"Taven folder \"%s\" not found"))
+        return std::nullopt;
+    if (!takeOffset(asked.zoffset, read.zoffset)) return std::nullopt;
+    return asked;
 }
 
 void addMessage(xmlDocument& document, const char16_t* type, locString& title, locString& message)
@@ -70,7 +100,7 @@ void addMessage(xmlDocument& document, const char16_t* type, locString& title, l
 
 void addNotMeasured(xmlDocument& document, const request& asked, locString& title)
 {
-    const bool built = file(asked.taven, asked.platform + u".xml").exists();
+    const bool built = file(asked.taven, descriptionName(asked.platform)).exists();
     locString message =
         built ? locString(u"measureNotFound",
                           u"Measured data for platform \"[platform]\" not found!\n"
@@ -126,15 +156,21 @@ void addMeasured(xmlDocument& document, const request& asked, const measuringDat
 }
 
 // Whatever goes wrong while the file is read, the user learns the same: it can't be used.
-std::optional<measuringData> loadMeasuringData(const file& measuring, const string& platform)
+bool loadFile(xmlDocument& document, const file& source)
+{
+    try {
+        document.load(source, false);
+        return true;
+    } catch (...) {
+        orlo::reportMessage(u"Error parsing file \"%s\" ", source.path());
+        return false;
+    }
+}
+
+std::optional<measuringData> measuringDataOf(const file& measuring, const string& platform)
 {
     const refptr<xmlDocument> document = xmlDocument::createDocument();
-    try {
-        document->load(measuring, false);
-    } catch (...) {
-        orlo::reportMessage(u"Error parsing file \"%s\" ", measuring.path());
-        return std::nullopt;
-    }
+    if (!loadFile(*document, measuring)) return std::nullopt;
     return readMeasuringData(measuring, platform, *document);
 }
 
@@ -154,12 +190,12 @@ std::optional<platformFrame> frameOf(const file& measuring, const measuringData&
 // Fills the document with the answer; false, after a report, where there is none.
 bool answer(xmlDocument& document, const request& asked, locString& title)
 {
-    const file measuring(asked.taven, measuringFileName(asked.platform));
+    const file measuring(asked.taven, measuringName(asked.platform));
     if (!measuring.exists()) {
         addNotMeasured(document, asked, title);
         return true;
     }
-    const std::optional<measuringData> data = loadMeasuringData(measuring, asked.platform);
+    const std::optional<measuringData> data = measuringDataOf(measuring, asked.platform);
     if (!data) return false;
     const std::optional<platformFrame> frame = frameOf(measuring, *data, asked.zoffset);
     if (!frame) return false;
@@ -173,16 +209,16 @@ std::int32_t getncs(bool debug, int argumentCount, const char16_t* const* argume
 {
     locString title(u"brx_msgTitle", u"taven-kolve Morrel", languageFile);
     const arguments given{argumentCount, argumentValues};
-    request asked;
-    if (!readResultFile(debug, given, asked) || !readPlatform(debug, given, asked)) return 0;
+    const std::optional<request> asked = readRequest(debug, given);
+    if (!asked) return 0;
 
     const refptr<xmlDocument> document = xmlDocument::createDocument();
     document->name = u"getNCSResult";
-    if (!answer(*document, asked, title)) return 0;
+    if (!answer(*document, *asked, title)) return 0;
 
     // Only now does an old result go: all ways that end without a document leave it standing.
-    asked.result.remove();
-    document->save(asked.result, orlo::xmlEncoding::utf8);
+    asked->result.remove();
+    document->save(asked->result, orlo::xmlEncoding::utf8);
     return 1;
 }
 

@@ -1,5 +1,5 @@
 #include "commands.h"
-#include "platform/entry.h"
+#include "orloentry.h"
 
 int runEntry(int argumentCount, const char16_t* const* arguments)
 {

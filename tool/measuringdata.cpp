@@ -2,8 +2,8 @@
 
 #include "orloreport.h"
 #include "orlotextformat.h"
+#include "orlotimetext.h"
 #include "orlotypeconvert.h"
-#include "platform/platform.h"
 
 #include <algorithm>
 #include <cstdint>
@@ -51,26 +51,6 @@ std::tm universalTime(const string& date, const string& time)
     universal.tm_sec = hms[2];
     universal.tm_isdst = 0;
     return universal;
-}
-
-string userText(const std::tm& local)
-{
-    char buffer[128] = "";
-    string kept;
-    const bool known = orlo::platform::queryTimeLocale(kept);
-    orlo::platform::setTimeLocale(string::emptyString());
-    const std::size_t length = orlo::platform::formatTime(buffer, sizeof buffer, "%c", local);
-    if (known) orlo::platform::setTimeLocale(kept);
-    return length == 0 ? string() : orlo::platform::timeText(buffer);
-}
-
-// A time that the system can't turn into text gives an empty one.
-string localTimeText(const string& date, const string& time)
-{
-    std::tm universal = universalTime(date, time);
-    std::tm local{};
-    if (!orlo::platform::localTime(orlo::platform::secondsOf(universal), local)) return {};
-    return userText(local);
 }
 
 // Index of the name in a list, or the list's size.
@@ -154,11 +134,6 @@ private:
 
 } // namespace
 
-string measuringFileName(const string& platform)
-{
-    return u"MeasuringData_" + platform + u".xml";
-}
-
 std::optional<measuringData> readMeasuringData(const file& source, const string& platform,
                                                const orlo::xmlDocument& document)
 {
@@ -168,8 +143,8 @@ std::optional<measuringData> readMeasuringData(const file& source, const string&
         return std::nullopt;
     }
     measuringData data;
-    data.measuredAt = localTimeText(attributeOf(document, u"CreationDate"),
-                                    attributeOf(document, u"CreationTime"));
+    data.measuredAt = orlo::localTimeText(universalTime(attributeOf(document, u"CreationDate"),
+                                                        attributeOf(document, u"CreationTime")));
     if (!pointReader(source).readAll(document, data.cylinders)) return std::nullopt;
     return data;
 }

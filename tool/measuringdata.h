@@ -15,9 +15,6 @@ struct measuringData {
     std::array<orloGeo::point3d, 4> cylinders; // cylinder1 to cylinder4
 };
 
-// The name of the measuring file of a platform, without folder.
-orlo::string measuringFileName(const orlo::string& platform);
-
 // Checks and reads a loaded measuring file. The first fault is reported in a message box and
 // refuses the file.
 std::optional<measuringData> readMeasuringData(const orlo::file& source,

@@ -26,7 +26,7 @@ point3d originOf(const std::array<point3d, 4>& points, double zoffset)
 vector3d directionX(const std::array<point3d, 4>& points)
 {
     const auto& [p1, p2, p3, p4] = points;
-    return normalized((point3d(p2 - p1) + p3) - p4);
+    return normalized(((p2 - p1) + p3) - p4);
 }
 
 // The normals of the triangles at the corners 4 and 2, unnormalised, so that the larger triangle

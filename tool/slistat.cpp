@@ -1,10 +1,10 @@
 #include "slistat.h"
 
 #include "folders.h"
-#include "measuringdata.h"
 #include "orlodirectory.h"
 #include "orlopath.h"
 #include "orloreport.h"
+#include "platformfiles.h"
 
 #include <algorithm>
 #include <array>
@@ -20,8 +20,12 @@ namespace {
 
 void wipePlatformFiles(const directory& taven, const string& platform)
 {
-    auto hit = taven.findFiles(platform + u".*", orlo::skipHiddenAndSystem);
-    while (!hit.path().empty()) hit.removeAndNext();
+    auto hit = taven.findFiles(allOfPlatform(platform), orlo::skipHiddenAndSystem);
+    while (!hit.path().empty()) {
+        file stale = hit;
+        hit.next(); // before the file goes: the search stands on it
+        stale.remove();
+    }
 }
 
 bool isImage(const file& candidate)
@@ -50,9 +54,10 @@ void bringIn(const directory& output, const directory& taven, const file& descri
              const string& platform)
 {
     const file picture = choosePicture(output);
-    description.copyTo(file(taven, platform + u".xml"), true);
+    description.copyTo(file(taven, descriptionName(platform)), true);
     if (picture.path().empty()) return;
-    picture.copyTo(file(taven, platform + u"." + orlo::pathExtension(picture.path())), true);
+    const string extension = orlo::pathExtension(picture.path());
+    picture.copyTo(file(taven, pictureName(platform, extension)), true);
 }
 
 } // namespace
@@ -76,13 +81,13 @@ std::int32_t slistat(bool debug, int argumentCount, const char16_t* const* argum
     directory taven;
     if (!takeFolder(taven, tavenFolder, debug, u"Taven folder \"%s\" not found")) return 0;
     wipePlatformFiles(taven, platform);
-    file(taven, measuringFileName(platform)).remove();
+    file(taven, measuringName(platform)).remove();
     if (!endedWell) return 0;
 
     directory output;
     if (!takeFolder(output, outputFolder, debug, u"Slicing output folder \"%s\" not found"))
         return 0;
-    const file description(output, platform + u".xml");
+    const file description(output, descriptionName(platform));
     if (!description.exists()) return 0;
     bringIn(output, taven, description, platform);
     return 1; // whether the copies worked is not asked

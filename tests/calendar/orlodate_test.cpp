@@ -5,6 +5,7 @@
 
 #include <gtest/gtest.h>
 
+#include <bit>
 #include <chrono>
 #include <limits>
 #include <type_traits>
@@ -103,6 +104,17 @@ TEST(date, keepsAMonthOrDayOfZero)
     const date monthless(2023, 0, 7);
     EXPECT_EQ(monthless.getYear(), 2023u);
     EXPECT_EQ(monthless.getMonth(), 0u);
+}
+
+// Files hold the word as it is.
+TEST(date, liesInItsWordFromDayToYear)
+{
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(date()), 0u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(date(1, 0, 0)), 1u << 12);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(date(0, 1, 0)), 1u << 8);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(date(0, 0, 1)), 1u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(date(2024, 2, 29)), 2024u << 12 | 2u << 8 | 29u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(date(65535, 12, 31)), 0x0FFFFC1Fu);
 }
 
 TEST(date, comparesAsTheCalendarDoes)

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+#include <array>
+#include <bit>
 #include <limits>
 #include <type_traits>
 
@@ -48,6 +50,15 @@ TEST(time, isOneWordWithoutVirtualOperations)
     EXPECT_EQ(sizeof(time), 4u);
     EXPECT_FALSE(std::is_polymorphic_v<time>);
     EXPECT_EQ(textOf(time()), u"00:00:00:00");
+}
+
+TEST(time, liesInItsWordWithTheFractionBelowTheSeconds)
+{
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(time()), 0u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(time(0, 0, 1, 0)), 1u << 8);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(time(0, 0, 0, 1)), 1u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(time(23, 59, 58, 57)), 86398u << 8 | 57u);
+    EXPECT_EQ(std::bit_cast<std::uint32_t>(time(24, 0, 0, 0)), 86400u << 8);
 }
 
 TEST(time, keepsItsParts)
@@ -152,6 +163,13 @@ TEST(timestamp, holdsADateAndThenATime)
     const timestamp value(date(2024, 2, 29), time(12, 30, 15, 0));
     EXPECT_EQ(value.getDate(), date(2024, 2, 29));
     EXPECT_EQ(textOf(value.getTime()), u"12:30:15:00");
+}
+
+TEST(timestamp, liesInItsWordsWithTheDateFirst)
+{
+    using words = std::array<std::uint32_t, 2>;
+    const timestamp value(date(2024, 2, 29), time(12, 30, 15, 7));
+    EXPECT_EQ(std::bit_cast<words>(value), (words{2024u << 12 | 2u << 8 | 29u, 45015u << 8 | 7u}));
 }
 
 TEST(timestamp, writesDateBlankTime)

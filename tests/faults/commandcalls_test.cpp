@@ -12,6 +12,7 @@
 using namespace orlo::tests;
 using orlo::narrow;
 using orlo::string;
+using namespace taven::tests;
 
 namespace {
 
@@ -146,9 +147,10 @@ traces afterSlicing(const madeCall& call, const std::vector<string>& boxes)
     }
     if (question && call.subject == "C:\\slices\\P1.xml") return tracesNow(0, boxes);
     bringIn();
-    if (call.operation == "removeFile" && call.subject == narrow(oldPicture))
+    const bool removes = question || call.operation == "removeFile";
+    if (removes && call.subject == narrow(oldPicture))
         machine::current().addFile(oldPicture, "old picture");
-    if (call.operation == "removeFile" && call.subject == narrow(measuring))
+    if (removes && call.subject == narrow(measuring))
         machine::current().addFile(measuring, "measured");
     if (call.operation == "copyFile" && call.subject == "C:\\slices\\P1.xml") drop(description);
     if (call.operation == "copyFile" && call.subject == "C:\\slices\\screen.png") drop(newPicture);
@@ -196,20 +198,8 @@ struct answers {
     std::string whole;
     std::string timeless;
 };
-const answers defaultAnswers{"taven-kolve Morrel", asking::defaultAnswer,
-                             asking::answer("taven-kolve Morrel", asking::defaultMessage(""))};
-std::string refusal(const std::string& title, const std::string& what)
-{
-    return "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n   <message "
-           "type=\"error\" "
-           "title=\"" +
-           title + "\">" + what + "</message>\n</getNCSResult>\n";
-}
-const std::string unmeasured = "Measured data for platform &quot;P1&quot; not found!\n"
-                               "Please measure platform before starting toolpath calculations!";
-const std::string unknown = "Platform information for &quot;P1&quot; not found!\n"
-                            "Please use build process before starting toolpath calculations!";
-
+const answers defaultAnswers{defaultTitle, asking::defaultAnswer,
+                             asking::answer(defaultTitle, measuredMessage(""))};
 bool asksFor(const madeCall& call, const string& path)
 {
     return isOneOf(call.operation, {"access", "queryStatus"}) && call.subject == narrow(path);
@@ -252,7 +242,8 @@ traces afterAsking(const madeCall& call, const answers& given)
     if (asksFor(call, u"C:\\out\\") || asksFor(call, tavenFolder)) return tracesNow(0);
     // Asked for existence, then for its size by the load.
     if (asksFor(call, asking::measuringPath))
-        return call.nth > 1 ? tracesNow(0, {unusable}) : answered(refusal(given.title, unmeasured));
+        return call.nth > 1 ? tracesNow(0, {unusable})
+                            : answered(errorDocument(given.title, measureNotFoundText));
     const bool loads =
         call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
     if (loads || isOneOf(call.operation, {"readFile", "decode"})) return tracesNow(0, {unusable});
@@ -281,7 +272,8 @@ TEST(getncsCalls, anUnmeasuredPlatformIsToldWhateverFails)
         [](const madeCall& call) {
             if (asksFor(call, u"C:\\out\\") || asksFor(call, tavenFolder)) return tracesNow(0);
             const std::string answer =
-                refusal("taven-kolve Morrel", asksFor(call, description) ? unknown : unmeasured);
+                errorDocument("taven-kolve Morrel",
+                              asksFor(call, description) ? infoNotFoundText : measureNotFoundText);
             const auto unsaved = whereSavingFails(call, answer);
             return unsaved ? *unsaved : answered(answer);
         });
@@ -305,7 +297,7 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
     const std::string withDefaultTitle =
         asking::answer("taven-kolve Morrel", "Found P1, Tue Mar  5 12:30:15 2024");
     const std::string withDefaultMessage =
-        asking::answer("A title", asking::defaultMessage("Tue Mar  5 12:30:15 2024"));
+        asking::answer("A title", measuredMessage("Tue Mar  5 12:30:15 2024"));
     failEach(
         prepare, [] { return asking::run(); },
         [&](const madeCall& call) {

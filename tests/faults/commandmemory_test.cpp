@@ -7,6 +7,7 @@
 #include <algorithm>
 
 using namespace orlo::tests;
+using namespace taven::tests;
 
 namespace {
 
@@ -44,10 +45,9 @@ std::vector<std::string> answersWith(const std::vector<std::string>& titles,
     return answers;
 }
 
-const std::string measuredAt = "Tue Mar  5 12:30:15 2024";
 const std::vector<std::string> defaultMessages = {
-    asking::defaultMessage(measuredAt),
-    asking::defaultMessage("[datetime]"),
+    measuredMessage(measuredAt),
+    measuredMessage("[datetime]"),
     "Measured data for platform &quot;[platform]&quot; found!&quot;\nPlatform measured on " +
         measuredAt,
 };
@@ -86,7 +86,7 @@ void judgeResult(outcome got, std::int32_t code, const std::vector<std::string>&
             << result;
         EXPECT_TRUE(machine::current().boxes.empty());
     } else if (code == 0) {
-        EXPECT_EQ(taven::tests::onlyBox(),
+        EXPECT_EQ(onlyBox(),
                   orlo::string(u"Error parsing file \"") + asking::measuringPath + u"\" ");
         EXPECT_EQ(result, asking::older);
     } else {

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "support/machine.h"
+#include "support/platforms.h"
 #include "tool/toolrun.h"
 
 #include <string>
@@ -42,52 +43,21 @@ inline std::int32_t run(const std::vector<string>& more = {})
 
 namespace asking {
 
-inline const std::string measured =
-    "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<measuringdata PlatformName=\"P1\" "
-    "CreationDate=\"2024-02-05Z\""
-    " CreationTime=\"12:30:15Z\">"
-    "<measuringpoint Name=\"cylinder1\"><axis Name=\"x\">1</axis><axis Name=\"y\">11</axis><axis "
-    "Name=\"z\">2</axis>"
-    "</measuringpoint>"
-    "<measuringpoint Name=\"cylinder2\"><axis Name=\"x\">21</axis><axis Name=\"y\">11</axis><axis "
-    "Name=\"z\">3</axis>"
-    "</measuringpoint>"
-    "<measuringpoint Name=\"cylinder3\"><axis Name=\"x\">21</axis><axis Name=\"y\">1</axis><axis "
-    "Name=\"z\">2</axis>"
-    "</measuringpoint>"
-    "<measuringpoint Name=\"cylinder4\"><axis Name=\"x\">1</axis><axis Name=\"y\">1</axis><axis "
-    "Name=\"z\">1</axis>"
-    "</measuringpoint></measuringdata>\n";
-
+inline const std::string measured = taven::tests::measuringFile(taven::tests::workedExample.points);
 inline const std::string older = "an older answer";
 inline constexpr const char16_t* measuringPath = u"C:\\taven\\MeasuringData_P1.xml";
 inline constexpr const char16_t* resultPath = u"C:\\out\\result.xml";
 inline constexpr const char16_t* languagePath =
     u"C:\\tool\\config\\Language\\english\\language.loc";
 
-// The answer to `measured`, with this title and these words for the time of the measuring.
+// The answer to `measured`, with this title and this message.
 inline std::string answer(const std::string& title, const std::string& message)
 {
-    return "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n"
-           "   <message type=\"confirm\" title=\"" +
-           title + "\">" + message +
-           "</message>\n"
-           "   <ncs o=\"-11.09863537,-6.13903342,-1.09318879\" "
-           "x=\"0.99875234,-0.00496284,-0.0496904\""
-           " y=\"0,0.99504947,-0.0993808\" z=\"0.04993762,0.09925681,0.99380799\"/>\n"
-           "   <cs o=\"11,6,2.25\" x=\"0.99875234,0,0.04993762\" "
-           "y=\"-0.00496284,0.99504947,0.09925681\""
-           " z=\"-0.0496904,-0.0993808,0.99380799\"/>\n"
-           "</getNCSResult>\n";
-}
-
-inline std::string defaultMessage(const std::string& time)
-{
-    return "Measured data for platform &quot;P1&quot; found!&quot;\nPlatform measured on " + time;
+    return taven::tests::confirmDocument(title, message, taven::tests::workedExample);
 }
 
 inline const std::string defaultAnswer =
-    answer("taven-kolve Morrel", defaultMessage("Tue Mar  5 12:30:15 2024"));
+    answer(taven::tests::defaultTitle, taven::tests::measuredMessage(taven::tests::measuredAt));
 
 inline void prepare()
 {

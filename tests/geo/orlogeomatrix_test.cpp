@@ -162,6 +162,41 @@ TEST(fromFrame, isRightHandedAndOrthonormalForRandomAxes)
     }
 }
 
+// The same once more on bare numbers, with nothing shared with the library: X' is brought to
+// length 1 too, although it stands at right angles on two axes of length 1, and that shows in its
+// last digits.
+elements plainFrame(const vector3d& x, const vector3d& z)
+{
+    using triple = std::array<double, 3>;
+    const auto unit = [](const triple& v) {
+        const double norm = std::sqrt(v[0] * v[0] + v[1] * v[1] + v[2] * v[2]);
+        return triple{v[0] / norm, v[1] / norm, v[2] / norm};
+    };
+    const auto across = [](const triple& u, const triple& v) {
+        return triple{u[1] * v[2] - u[2] * v[1], u[2] * v[0] - u[0] * v[2],
+                      u[0] * v[1] - u[1] * v[0]};
+    };
+    const triple zAxis = unit({z.x, z.y, z.z});
+    const triple yAxis = unit(across(zAxis, {x.x, x.y, x.z}));
+    const triple xAxis = unit(across(yAxis, zAxis));
+    return {xAxis[0], yAxis[0], zAxis[0], 0, xAxis[1], yAxis[1], zAxis[1], 0,
+            xAxis[2], yAxis[2], zAxis[2], 0, 0,        0,        0,        1};
+}
+
+TEST(fromFrame, hasTheSameLastDigitsAsAPlainOneForRandomAxes)
+{
+    constexpr unsigned seed = 20240310;
+    SCOPED_TRACE(testing::Message() << "seed " << seed);
+    std::mt19937_64 random(seed);
+    std::uniform_real_distribution<double> any(-10, 10);
+    for (int round = 0; round < 500; ++round) {
+        const vector3d x(any(random), any(random), any(random)),
+            z(any(random), any(random), any(random));
+        ASSERT_EQ(matrix4d::fromFrame({}, x, {}, z), matrix4d(plainFrame(x, z)))
+            << "round " << round;
+    }
+}
+
 TEST(toFrame, normalisesTheAxesButNotTheOriginAndIgnoresTheLastRow)
 {
     const matrix4d m({2, 0, 0, 10, 0, 0, -3, 20, 0, 4, 0, 30, 5, 6, 7, 8});

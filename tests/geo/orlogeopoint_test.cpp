@@ -101,6 +101,22 @@ TEST(pointAndVector, addAndSubtractByCoordinate)
     EXPECT_EQ(u - v, vector3d(-1.5, -3.75, -9));
 }
 
+// The sum of two opposite sides of a platform, as it is usually written.
+TEST(pointAndVector, becomeEachOtherWhereTheOtherIsAskedFor)
+{
+    const point3d p1(1, 11, 2), p2(21, 11, 3), p3(21, 1, 2), p4(1, 1, 1);
+    EXPECT_EQ(((p2 - p1) + p3) - p4, vector3d(40, 0, 2));
+    EXPECT_EQ(normalized(((p2 - p1) + p3) - p4), normalized(vector3d(40, 0, 2)));
+    const point3d p = vector3d(1, 2, 3);
+    const vector3d u = p;
+    EXPECT_EQ(p, point3d(1, 2, 3));
+    EXPECT_EQ(u, vector3d(1, 2, 3));
+    EXPECT_EQ(length(p4), length({1, 1, 1}));
+    EXPECT_TRUE((std::is_same_v<decltype(p1 + u), point3d>));
+    EXPECT_TRUE((std::is_same_v<decltype(p1 - u), vector3d>));
+    EXPECT_TRUE((std::is_same_v<decltype(u + p1), vector3d>));
+}
+
 TEST(division, dividesEachCoordinateInsteadOfMultiplyingByTheReciprocal)
 {
     // 5 / 49 and 5 * (1 / 49) differ in the last digit.
@@ -241,6 +257,7 @@ TEST(line, normalisesItsDirectionAndRefusesANullOne)
     EXPECT_EQ(line.origin, point3d(1, 2, 3));
     EXPECT_EQ(line.direction, unitY);
     EXPECT_TRUE(refuses([] { line3d({}, vector3d()); }));
+    EXPECT_TRUE(refuses([] { line3d({}, {1e-12, 0, 0}); })) << "no way round";
 }
 
 // --- Text forms ----------------------------------------------------------------------------
@@ -281,6 +298,8 @@ TEST(pointText, isReadByBlankThenCommaThenSemicolon)
     } rows[] = {
         {u"1 2 3", true, {1, 2, 3}},
         {u" \t1 2 3\t ", true, {1, 2, 3}},
+        {u"\t 1 2 3", true, {1, 2, 3}}, // a tab that stayed would leave a fourth piece
+        {u"1 2 3 \t", true, {1, 2, 3}},
         {u"1,5 2,5 3,5", true, {1.5, 2.5, 3.5}},
         {u"1, 2, 3", true, {1, 2, 3}},
         {u"1,5,2", true, {1, 5, 2}},

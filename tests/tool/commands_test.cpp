@@ -26,13 +26,14 @@ void noteLanguage(const char16_t*, const char16_t* now)
 }
 
 // The language that a run hands to the table.
-string languageOf(const std::vector<string>& given)
+string languageOf(const std::vector<string>& given,
+                  const char16_t* programName = u"tavenMorrel.exe")
 {
     auto& table = orlo::languageTable::instance();
     table.setLanguage(u"another one");
     table.addListener(noteLanguage);
     languageTold = u"<not told>";
-    run(given);
+    run(given, programName);
     table.removeListener(noteLanguage);
     return languageTold;
 }
@@ -95,6 +96,16 @@ TEST_F(commands, takeDebugAsAPrefix)
         run({u"-cmd:slistat", none});
         EXPECT_TRUE(boxes().empty());
     }
+}
+
+// Of the name of the program nothing is read, whatever it looks like.
+TEST_F(commands, neverExamineTheProgramsName)
+{
+    run({u"-cmd:slistat", u"-stat:x"}, u"-debug");
+    EXPECT_TRUE(boxes().empty());
+    run({}, u"-cmd:slistat");
+    EXPECT_EQ(onlyBox(), unknownCommand(u""));
+    EXPECT_EQ(languageOf({}, u"-language:german"), u"english");
 }
 
 TEST_F(commands, handTheLanguageOnAsWritten)

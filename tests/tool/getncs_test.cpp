@@ -1,6 +1,7 @@
 #include "getncs.h"
 
 #include "orloexception.h"
+#include "support/platforms.h"
 #include "tool/toolrun.h"
 
 #include <gtest/gtest.h>
@@ -10,59 +11,13 @@ using namespace taven::tests;
 namespace {
 
 const std::string mark = "\xEF\xBB\xBF";
-const std::string head = mark + "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n";
+const std::string infoNotFound = errorDocument(defaultTitle, infoNotFoundText);
+const std::string measureNotFound = errorDocument(defaultTitle, measureNotFoundText);
+const std::string confirmed =
+    confirmDocument(defaultTitle, measuredMessage(measuredAt), workedExample);
 
-std::string messageOnly(const std::string& message)
-{
-    return head + "   <message type=\"error\" title=\"taven-kolve Morrel\">" + message +
-           "</message>\n</getNCSResult>\n";
-}
-
-const std::string infoNotFound =
-    messageOnly("Platform information for &quot;P1&quot; not found!\n"
-                "Please use build process before starting toolpath calculations!");
-const std::string measureNotFound =
-    messageOnly("Measured data for platform &quot;P1&quot; not found!\n"
-                "Please measure platform before starting toolpath calculations!");
-
-std::string confirm(const std::string& frames)
-{
-    return head +
-           "   <message type=\"confirm\" title=\"taven-kolve Morrel\">Measured data for platform "
-           "&quot;P1&quot; "
-           "found!&quot;\n"
-           "Platform measured on Tue Mar  5 12:30:15 2024</message>\n" +
-           frames + "</getNCSResult>\n";
-}
-
-const std::string workedExampleFrames =
-    "   <ncs o=\"-11.09863537,-6.13903342,-1.09318879\" x=\"0.99875234,-0.00496284,-0.0496904\""
-    " y=\"0,0.99504947,-0.0993808\" z=\"0.04993762,0.09925681,0.99380799\"/>\n"
-    "   <cs o=\"11,6,2.25\" x=\"0.99875234,0,0.04993762\" y=\"-0.00496284,0.99504947,0.09925681\""
-    " z=\"-0.0496904,-0.0993808,0.99380799\"/>\n";
-
-std::string pointElement(int number, const std::string& x, const std::string& y,
-                         const std::string& z)
-{
-    return "<measuringpoint Name=\"cylinder" + std::to_string(number) + "\"><axis Name=\"x\">" + x +
-           "</axis><axis Name=\"y\">" + y + "</axis><axis Name=\"z\">" + z +
-           "</axis></measuringpoint>";
-}
-
-std::string measured(const std::string& points)
-{
-    return "<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<measuringdata PlatformName=\"P1\" "
-           "CreationDate=\"2024-02-05Z\""
-           " CreationTime=\"12:30:15Z\">" +
-           points + "</measuringdata>\n";
-}
-
-const std::string workedExample =
-    measured(pointElement(1, "1", "11", "2") + pointElement(2, "21", "11", "3") +
-             pointElement(3, "21", "1", "2") + pointElement(4, "1", "1", "1"));
-const std::string equalPoints =
-    measured(pointElement(1, "1", "1", "1") + pointElement(2, "1", "1", "1") +
-             pointElement(3, "1", "1", "1") + pointElement(4, "1", "1", "1"));
+const std::string workedFile = measuringFile(workedExample.points);
+const std::string equalPoints = measuringFile({{{1, 1, 1}, {1, 1, 1}, {1, 1, 1}, {1, 1, 1}}});
 
 const char16_t* const resultPath = u"C:\\out\\result.xml";
 const char16_t* const measuringPath = u"C:\\taven\\MeasuringData_P1.xml";
@@ -132,25 +87,25 @@ TEST_F(getncs, takesFoldersOfTheseNamesForMissingFiles)
 
 TEST_F(getncs, confirmsAMeasuredPlatformWithBothSystems)
 {
-    addMeasuring(workedExample);
+    addMeasuring(workedFile);
     EXPECT_EQ(ask({u"-zoffset:0.25"}), 1);
-    EXPECT_EQ(result(), confirm(workedExampleFrames));
+    EXPECT_EQ(result(), confirmed);
     EXPECT_TRUE(boxes().empty());
 }
 
 TEST_F(getncs, needsNoDescriptionOfAMeasuredPlatform)
 {
-    addMeasuring(workedExample);
+    addMeasuring(workedFile);
     addDescription();
     EXPECT_EQ(ask({u"-zoffset:0.25"}), 1);
-    EXPECT_EQ(result(), confirm(workedExampleFrames));
+    EXPECT_EQ(result(), confirmed);
 }
 
 TEST_F(getncs, readsADecimalCommaInTheOffset)
 {
-    addMeasuring(workedExample);
+    addMeasuring(workedFile);
     EXPECT_EQ(ask({u"-zoffset:0,25"}), 1);
-    EXPECT_EQ(result(), confirm(workedExampleFrames));
+    EXPECT_EQ(result(), confirmed);
 }
 
 TEST_F(getncs, refusesAnOffsetThatIsNoNumberAlsoWithoutDebug)
@@ -204,7 +159,7 @@ TEST_F(getncs, refusesAFileThatCannotBeRead)
     expectRefusal(report);
     addMeasuring("\xEF\xBB\xBF");
     expectRefusal(report);
-    addMeasuring(workedExample);
+    addMeasuring(workedFile);
     machine::current().failCall("openFile", 1);
     expectRefusal(report);
     machine::current().failCall("readFile", 1);
@@ -223,7 +178,7 @@ TEST_F(getncs, refusesAnEmptyMeasuringFileAsOneOfAnotherPlatform)
 
 TEST_F(getncs, endsAfterTheRefusalOfTheMeasuringData)
 {
-    addMeasuring(measured(pointElement(1, "1", "2", "3")));
+    addMeasuring(measuringFile(cylinder(1, {1, 2, 3})));
     expectRefusal(string(u"File \"") + measuringPath +
                   u"\" doesn't contain all required four measuring points");
 }
@@ -234,6 +189,16 @@ TEST_F(getncs, reportsPointsThatGiveNoSystem)
     expectRefusal(
         string(u"File \"") + measuringPath +
         u"\" contains invalid measuring points - Error calculating new coordinate system");
+}
+
+TEST_F(getncs, reportsAnOffsetWithoutBoundsAsPointsThatGiveNoSystem)
+{
+    addMeasuring(workedFile);
+    for (const char16_t* offset : {u"inf", u"-inf", u"nan", u"1e309", u"-1e309"})
+        expectRefusal(
+            string(u"File \"") + measuringPath +
+                u"\" contains invalid measuring points - Error calculating new coordinate system",
+            {string(u"-zoffset:") + offset});
 }
 
 TEST_F(getncs, replacesAnOlderAnswer)
@@ -257,9 +222,7 @@ TEST_F(getncs, takesTextsFromTheLanguageFile)
               mark +
                   "brx_msgTitle Titel\ninfoNotFound Zur Plattform [platform] ist nichts bekannt\n");
     EXPECT_EQ(ask({u"-language:german"}), 1);
-    EXPECT_EQ(result(), head + "   <message type=\"error\" title=\"Titel\">Zur Plattform P1 ist "
-                               "nichts bekannt</message>\n"
-                               "</getNCSResult>\n");
+    EXPECT_EQ(result(), errorDocument("Titel", "Zur Plattform P1 ist nichts bekannt"));
 }
 
 TEST_F(getncs, fillsTheDefaultTextWhereTheLanguageFileLacksTheKey)
@@ -281,7 +244,7 @@ TEST_F(getncs, looksUpNoTextWhereNoneIsShown)
 
 TEST_F(getncs, readsEachFileOnce)
 {
-    addMeasuring(workedExample);
+    addMeasuring(workedFile);
     EXPECT_EQ(ask(), 1);
     std::vector<string> opened;
     for (const auto& call : machine::current().calls) {
@@ -294,7 +257,7 @@ TEST_F(getncs, readsEachFileOnce)
 TEST_F(getncs, afterTheStartOfASlicingRunKnowsNothing)
 {
     addDescription();
-    addMeasuring(workedExample);
+    addMeasuring(workedFile);
     EXPECT_EQ(run({u"-cmd:slistat", u"-stat:started", u"-tavenfldr:C:\\taven", u"-platform:P1"}),
               0);
     EXPECT_EQ(ask(), 1);
@@ -318,37 +281,4 @@ TEST_F(getncs, doesNotLookAtTheRemovalOfTheOldAnswer)
     m.failCall("removeFile", 1);
     EXPECT_EQ(ask(), 1);
     EXPECT_EQ(result(), infoNotFound);
-}
-
-// Each call of the machine fails in turn: the run answers, refuses with a report and the older
-// answer standing, or ends as an uncaught failure of writing does. Nothing stays open.
-TEST_F(getncs, survivesTheFailureOfEachCall)
-{
-    addMeasuring(workedExample);
-    ASSERT_EQ(ask(), 1);
-    const std::size_t callCount = machine::current().calls.size();
-    ASSERT_GT(callCount, 10u);
-    for (std::size_t nth = 1; nth <= callCount; ++nth) {
-        SetUp();
-        addMeasuring(workedExample);
-        machine& m = machine::current();
-        m.addFile(resultPath, "older answer");
-        m.failCall("", nth);
-        std::int32_t code = -1;
-        try {
-            code = ask();
-        } catch (const orlo::writeFileException&) {
-            code = 2;
-        } catch (bool) {
-            code = 3; // the conversion of the result, or a lock that could not be had
-        }
-        EXPECT_NE(code, -1) << nth;
-        EXPECT_EQ(m.openHandles(), 0u) << nth;
-        EXPECT_EQ(m.content(measuringPath), workedExample) << nth;
-        if (code == 0) {
-            EXPECT_EQ(result(), "older answer") << nth;
-        } else if (code == 1) {
-            EXPECT_EQ(result().substr(0, head.size()), head) << nth;
-        }
-    }
 }

@@ -1,7 +1,6 @@
 #include "platformframe.h"
 
-#include "orlotypeconvert.h"
-#include "support/text.h"
+#include "support/platforms.h"
 
 #include <gtest/gtest.h>
 
@@ -10,77 +9,79 @@
 
 using namespace orloGeo;
 using namespace taven;
-using points = std::array<point3d, 4>;
+using namespace taven::tests;
 
 namespace {
 
-constexpr points flatRectangle{point3d(0, 10, 1), point3d(20, 10, 1), point3d(20, 0, 1),
-                               point3d(0, 0, 1)};
-constexpr points workedExample{point3d(1, 11, 2), point3d(21, 11, 3), point3d(21, 1, 2),
-                               point3d(1, 1, 1)};
-
-template <class Triple>
-orlo::string textOf(const Triple& triple)
+void expectFrame(const frameText& found, const frameText& expected)
 {
-    orlo::string text;
-    orlo::string number;
-    text.append(number.setNumber(triple.x)).append(u",");
-    text.append(number.setNumber(triple.y)).append(u",");
-    return text + number.setNumber(triple.z);
-}
-
-struct frameText {
-    orlo::string o, x, y, z;
-};
-
-frameText textOf(const matrix4d& frame)
-{
-    point3d o;
-    vector3d x, y, z;
-    frame.toFrame(o, x, y, z);
-    return {textOf(o), textOf(x), textOf(y), textOf(z)};
-}
-
-void expectFrame(const matrix4d& frame, const frameText& expected)
-{
-    const frameText found = textOf(frame);
     EXPECT_EQ(found.o, expected.o);
     EXPECT_EQ(found.x, expected.x);
     EXPECT_EQ(found.y, expected.y);
     EXPECT_EQ(found.z, expected.z);
 }
 
-} // namespace
-
-TEST(platformFrame, ofTheWorkedExample)
+void expectRefusal(const fourPoints& points, double zoffset, const std::string& why)
 {
-    const platformFrame frame = calculatePlatformFrame(workedExample, 0.25);
-    expectFrame(frame.cs,
-                {u"11,6,2.25", u"0.99875234,0,0.04993762", u"-0.00496284,0.99504947,0.09925681",
-                 u"-0.0496904,-0.0993808,0.99380799"});
-    expectFrame(frame.ncs,
-                {u"-11.09863537,-6.13903342,-1.09318879", u"0.99875234,-0.00496284,-0.0496904",
-                 u"0,0.99504947,-0.0993808", u"0.04993762,0.09925681,0.99380799"});
+    try {
+        calculatePlatformFrame(points, zoffset);
+        ADD_FAILURE() << why;
+    } catch (bool refused) {
+        EXPECT_FALSE(refused) << why;
+    }
 }
 
-TEST(platformFrame, ofAFlatRectangleHasUnitAxes)
+platformFrame frameOf(const frameExample& example)
 {
-    const platformFrame frame = calculatePlatformFrame(flatRectangle, 0.5);
-    expectFrame(frame.cs, {u"10,5,1.5", u"1,0,0", u"0,1,0", u"0,0,1"});
-    point3d o;
-    vector3d x, y, z;
-    frame.ncs.toFrame(o, x, y, z);
-    EXPECT_EQ(o, point3d(-10, -5, -1.5));
-    EXPECT_EQ(x, unitX);
-    EXPECT_EQ(y, unitY);
-    EXPECT_EQ(z, unitZ);
+    return calculatePlatformFrame(example.points, example.zoffset);
+}
+
+} // namespace
+
+TEST(platformFrame, ofTheWorkedExamples)
+{
+    for (const frameExample* example : {&workedExample, &flatRectangle}) {
+        const platformFrame frame = frameOf(*example);
+        expectFrame(textOf(frame.cs), example->cs);
+        expectFrame(textOf(frame.ncs), example->ncs);
+    }
+}
+
+// Points as a machine measures them. The elements were worked out step by step in another
+// language; at least one of them ends in other digits where
+// - the middle of a side is (a + b) / 2, or starts from its other end,
+// - the origin is the mean of the four points,
+// - the heights are added in pairs, backwards, crosswise or from the right, or the offset is
+//   added before them or to the middle of the middles,
+// - the sides are added as (P2 - P1) + (P3 - P4) or (P2 + P3) - P1 - P4, or brought to length 1
+//   before, or their sum is not,
+// - the normals are brought to length 1 before they are added, or their sum is not,
+// - an axis of the frame is not brought to length 1 once more.
+TEST(platformFrame, isCalculatedInItsOrderToTheLastDigit)
+{
+    const fourPoints measured{{{11.119, 318.1008, 149.8883},
+                               {411.6409, 318.4175, 149.6497},
+                               {412.8367, 17.5111, 149.7023},
+                               {13.8367, 17.1546, 150.858}}};
+    // By columns: X, Y, Z and the origin.
+    constexpr double expected[4][3] = {
+        {0x1.ffffc114fcd09p-1, 0x1.b9738b7b94d2cp-11, -0x1.c9281554dfa20p-10},
+        {-0x1.bb037009ae5ffp-11, 0x1.ffffc30d590f2p-1, -0x1.bfdbb41e7fec2p-10},
+        {0x1.c8c75575e442ap-10, 0x1.c03e60e5619a3p-10, 0x1.ffff9c01e45c6p-1},
+        {0x1.a8b7765fd8adap+7, 0x1.4f978d4fdf3b6p+7, 0x1.2d32786c22682p+7},
+    };
+    const matrix4d cs = calculatePlatformFrame(measured, 0.574).cs;
+    for (unsigned column = 0; column < 4; ++column) {
+        for (unsigned row = 0; row < 3; ++row)
+            EXPECT_EQ(cs.at(row, column), expected[column][row]) << row << ' ' << column;
+    }
 }
 
 TEST(platformFrame, turnedByAQuarterIsInvertedExactly)
 {
     // +X of the platform is +Y of the machine.
-    const points turned{point3d(-10, 0, 0), point3d(-10, 20, 0), point3d(0, 20, 0),
-                        point3d(0, 0, 0)};
+    const fourPoints turned{point3d(-10, 0, 0), point3d(-10, 20, 0), point3d(0, 20, 0),
+                            point3d(0, 0, 0)};
     const platformFrame frame = calculatePlatformFrame(turned, 0);
     EXPECT_EQ(frame.cs.at(0, 0), 0.0);
     point3d o;
@@ -99,8 +100,8 @@ TEST(platformFrame, turnedByAQuarterIsInvertedExactly)
 
 TEST(platformFrame, ofPointsNumberedAnticlockwiseTurnsZAndY)
 {
-    const points anticlockwise{flatRectangle[3], flatRectangle[2], flatRectangle[1],
-                               flatRectangle[0]};
+    const fourPoints anticlockwise{flatRectangle.points[3], flatRectangle.points[2],
+                                   flatRectangle.points[1], flatRectangle.points[0]};
     point3d o;
     vector3d x, y, z;
     calculatePlatformFrame(anticlockwise, 0).cs.toFrame(o, x, y, z);
@@ -112,8 +113,8 @@ TEST(platformFrame, ofPointsNumberedAnticlockwiseTurnsZAndY)
 
 TEST(platformFrame, isRaisedAlongTheGlobalZAlone)
 {
-    const matrix4d low = calculatePlatformFrame(workedExample, 0).cs;
-    matrix4d high = calculatePlatformFrame(workedExample, 1000).cs;
+    const matrix4d low = calculatePlatformFrame(workedExample.points, 0).cs;
+    matrix4d high = calculatePlatformFrame(workedExample.points, 1000).cs;
     EXPECT_EQ(high.at(2, 3), 1002.0);
     high.at(2, 3) = low.at(2, 3);
     EXPECT_EQ(high, low);
@@ -121,8 +122,8 @@ TEST(platformFrame, isRaisedAlongTheGlobalZAlone)
 
 TEST(platformFrame, zoffsetMovesTheInverseInAllThreeCoordinates)
 {
-    const matrix4d low = calculatePlatformFrame(workedExample, 0).ncs;
-    const matrix4d high = calculatePlatformFrame(workedExample, 10).ncs;
+    const matrix4d low = calculatePlatformFrame(workedExample.points, 0).ncs;
+    const matrix4d high = calculatePlatformFrame(workedExample.points, 10).ncs;
     for (unsigned row = 0; row < 3; ++row) {
         EXPECT_NE(low.at(row, 3), high.at(row, 3));
         for (unsigned column = 0; column < 3; ++column)
@@ -133,7 +134,8 @@ TEST(platformFrame, zoffsetMovesTheInverseInAllThreeCoordinates)
 TEST(platformFrame, letsTheNormalWinOverTheSides)
 {
     // Not coplanar: P1 and P3 stand higher.
-    const points bent{point3d(0, 10, 1), point3d(20, 10, 0), point3d(20, 0, 1), point3d(0, 0, 0)};
+    const fourPoints bent{point3d(0, 10, 1), point3d(20, 10, 0), point3d(20, 0, 1),
+                          point3d(0, 0, 0)};
     const vector3d normal = normalized(cross(bent[2] - bent[3], bent[0] - bent[3]) +
                                        cross(bent[0] - bent[1], bent[2] - bent[1]));
     const matrix4d cs = calculatePlatformFrame(bent, 0).cs;
@@ -146,7 +148,7 @@ TEST(platformFrame, letsTheNormalWinOverTheSides)
 
 TEST(platformFrame, inverseTimesFrameIsTheIdentity)
 {
-    const platformFrame frame = calculatePlatformFrame(workedExample, 0.25);
+    const platformFrame frame = calculatePlatformFrame(workedExample.points, 0.25);
     for (unsigned row = 0; row < 4; ++row) {
         for (unsigned column = 0; column < 4; ++column) {
             double sum = 0;
@@ -162,7 +164,7 @@ TEST(platformFrame, refusesPointsThatGiveNone)
     const point3d p(3, 4, 5);
     const struct {
         const char* why;
-        points given;
+        fourPoints given;
     } rows[] = {
         {"four equal points", {p, p, p, p}},
         {"sides in opposite directions",
@@ -178,12 +180,12 @@ TEST(platformFrame, refusesPointsThatGiveNone)
         {"NaN in z",
          {point3d(0, 10, 0), point3d(20, 10, 0), point3d(20, 0, nan), point3d(0, 0, 0)}},
     };
-    for (const auto& row : rows) {
-        try {
-            calculatePlatformFrame(row.given, 0);
-            ADD_FAILURE() << row.why;
-        } catch (bool refused) {
-            EXPECT_FALSE(refused) << row.why;
-        }
-    }
+    for (const auto& row : rows) expectRefusal(row.given, 0, row.why);
+}
+
+TEST(platformFrame, refusesAnOffsetWithoutBounds)
+{
+    constexpr double infinite = std::numeric_limits<double>::infinity();
+    for (const double zoffset : {infinite, -infinite, std::numeric_limits<double>::quiet_NaN()})
+        expectRefusal(workedExample.points, zoffset, std::to_string(zoffset));
 }

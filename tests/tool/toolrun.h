@@ -13,9 +13,10 @@ using orlo::string;
 using orlo::tests::machine;
 
 // The exit code of a run with these arguments behind the program's name.
-inline std::int32_t run(const std::vector<string>& given)
+inline std::int32_t run(const std::vector<string>& given,
+                        const char16_t* programName = u"tavenMorrel.exe")
 {
-    std::vector<const char16_t*> values{u"tavenMorrel.exe"};
+    std::vector<const char16_t*> values{programName};
     for (const string& one : given) values.push_back(one.c_str());
     return runTool({static_cast<int>(values.size()), values.data()});
 }

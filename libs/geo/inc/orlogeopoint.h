@@ -16,6 +16,11 @@ struct vector3d;
 
 // A place; units are the caller's. Its text form is "x y z"; texts are also read with "," or
 // ";" between the numbers.
+//
+// Points and vectors become each other, with the same coordinates, where the other is asked
+// for. The operations are members, so that the left side decides which of them is meant:
+//
+//   ((p2 - p1) + p3) - p4      vectors throughout
 struct point3d {
     double x = 0;
     double y = 0;
@@ -23,7 +28,13 @@ struct point3d {
 
     constexpr point3d() = default;
     constexpr point3d(double px, double py, double pz) : x(px), y(py), z(pz) {}
-    constexpr explicit point3d(const vector3d& v);
+    constexpr point3d(const vector3d& v);
+
+    vector3d operator-(const point3d& q) const;
+    point3d operator+(const point3d& q) const;
+    point3d operator+(const vector3d& u) const;
+    // Refuses a divisor of at most divisorTolerance.
+    point3d operator/(double divisor) const;
     bool operator==(const point3d&) const = default;
 };
 
@@ -35,23 +46,17 @@ struct vector3d {
 
     constexpr vector3d() = default;
     constexpr vector3d(double vx, double vy, double vz) : x(vx), y(vy), z(vz) {}
-    constexpr explicit vector3d(const point3d& p) : x(p.x), y(p.y), z(p.z) {}
-    // Refuses a divisor of at most divisorTolerance.
+    constexpr vector3d(const point3d& p) : x(p.x), y(p.y), z(p.z) {}
+
+    vector3d operator+(const vector3d& v) const;
+    vector3d operator-(const vector3d& v) const;
+    // Both refuse a divisor of at most divisorTolerance.
+    vector3d operator/(double divisor) const;
     vector3d& operator/=(double divisor);
     bool operator==(const vector3d&) const = default;
 };
 
 constexpr point3d::point3d(const vector3d& v) : x(v.x), y(v.y), z(v.z) {}
-
-vector3d operator-(const point3d& p, const point3d& q);
-point3d operator+(const point3d& p, const point3d& q);
-point3d operator+(const point3d& p, const vector3d& u);
-// Refuses a divisor of at most divisorTolerance.
-point3d operator/(const point3d& p, double divisor);
-vector3d operator+(const vector3d& u, const vector3d& v);
-vector3d operator-(const vector3d& u, const vector3d& v);
-// Refuses a divisor of at most divisorTolerance.
-vector3d operator/(const vector3d& u, double divisor);
 
 // The right-handed cross product.
 vector3d cross(const vector3d& u, const vector3d& v);
@@ -68,13 +73,6 @@ struct line3d {
 
     // Along any vector that normalize accepts.
     line3d(const point3d& through, const vector3d& along);
-    // Along a vector of length 1, taken as it comes: constants need no start-up work.
-    struct unitDirection {
-        vector3d vector;
-    };
-    constexpr line3d(const point3d& through, const unitDirection& along)
-        : origin(through), direction(along.vector)
-    {}
 };
 
 // A pair of coordinates in the plane.

@@ -16,9 +16,9 @@ constinit const vector3d zeroVector{};
 constinit const vector3d unitX{1, 0, 0};
 constinit const vector3d unitY{0, 1, 0};
 constinit const vector3d unitZ{0, 0, 1};
-constinit const line3d axisX{{}, line3d::unitDirection{{1, 0, 0}}};
-constinit const line3d axisY{{}, line3d::unitDirection{{0, 1, 0}}};
-constinit const line3d axisZ{{}, line3d::unitDirection{{0, 0, 1}}};
+const line3d axisX(zeroPoint, unitX);
+const line3d axisY(zeroPoint, unitY);
+const line3d axisZ(zeroPoint, unitZ);
 constinit const pair2d zeroPair{};
 constinit const pair2d unitPairX{1, 0};
 constinit const pair2d unitPairY{0, 1};
@@ -82,40 +82,40 @@ bool isNear(double a, double b, double tolerance)
     return tolerance >= std::fabs(a - b);
 }
 
-vector3d operator-(const point3d& p, const point3d& q)
+vector3d point3d::operator-(const point3d& q) const
 {
-    return {p.x - q.x, p.y - q.y, p.z - q.z};
+    return {x - q.x, y - q.y, z - q.z};
 }
 
-point3d operator+(const point3d& p, const point3d& q)
+point3d point3d::operator+(const point3d& q) const
 {
-    return {p.x + q.x, p.y + q.y, p.z + q.z};
+    return {x + q.x, y + q.y, z + q.z};
 }
 
-point3d operator+(const point3d& p, const vector3d& u)
+point3d point3d::operator+(const vector3d& u) const
 {
-    return {p.x + u.x, p.y + u.y, p.z + u.z};
+    return {x + u.x, y + u.y, z + u.z};
 }
 
-point3d operator/(const point3d& p, double divisor)
+point3d point3d::operator/(double divisor) const
 {
     refuseNearZero(divisor);
-    return {p.x / divisor, p.y / divisor, p.z / divisor};
+    return {x / divisor, y / divisor, z / divisor};
 }
 
-vector3d operator+(const vector3d& u, const vector3d& v)
+vector3d vector3d::operator+(const vector3d& v) const
 {
-    return {u.x + v.x, u.y + v.y, u.z + v.z};
+    return {x + v.x, y + v.y, z + v.z};
 }
 
-vector3d operator-(const vector3d& u, const vector3d& v)
+vector3d vector3d::operator-(const vector3d& v) const
 {
-    return {u.x - v.x, u.y - v.y, u.z - v.z};
+    return {x - v.x, y - v.y, z - v.z};
 }
 
-vector3d operator/(const vector3d& u, double divisor)
+vector3d vector3d::operator/(double divisor) const
 {
-    vector3d quotient(u);
+    vector3d quotient(*this);
     quotient /= divisor;
     return quotient;
 }

@@ -2,8 +2,6 @@
 #include "platform/posix/nativetext.h"
 
 #include <clocale>
-#include <cstdlib>
-#include <cstring>
 #include <langinfo.h>
 
 namespace orlo::platform {
@@ -21,22 +19,6 @@ string environmentSeparator()
     return separator;
 }
 
-// The name of the user's LC_TIME locale, found in the system's own order.
-const char* environmentTimeLocale()
-{
-    for (const char* variable : {"LC_ALL", "LC_TIME", "LANG"}) {
-        const char* name = std::getenv(variable);
-        if (name != nullptr && *name != '\0') return name;
-    }
-    return "C";
-}
-
-// "C" with UTF-8 has the very texts of "C", but comes from files, at the price of a dozen calls.
-bool isPlainLocale(const char* name)
-{
-    return std::strcmp(name, "C.UTF-8") == 0 || std::strcmp(name, "C.utf8") == 0;
-}
-
 } // namespace
 
 bool queryTimeLocale(string& name)
@@ -49,8 +31,7 @@ bool queryTimeLocale(string& name)
 
 bool setTimeLocale(const string& name)
 {
-    const std::string given = name.empty() ? environmentTimeLocale() : nativeText(name);
-    return ::setlocale(LC_TIME, isPlainLocale(given.c_str()) ? "C" : given.c_str()) != nullptr;
+    return ::setlocale(LC_TIME, nativeText(name).c_str()) != nullptr;
 }
 
 bool userDecimalSeparator(string& separator)

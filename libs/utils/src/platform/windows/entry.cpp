@@ -1,4 +1,4 @@
-#include "platform/entry.h"
+#include "orloentry.h"
 
 #include "platform/platform.h"
 #include "platform/windows/system.h"
