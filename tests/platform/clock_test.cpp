@@ -5,6 +5,7 @@
 #include <gtest/gtest.h>
 
 #include <chrono>
+#include <clocale>
 #include <limits>
 
 using namespace orlo;
@@ -130,6 +131,19 @@ TEST(clockSystem, setsAndTellsTheTimeLocale)
     EXPECT_FALSE(platform::setTimeLocale(u"no such locale"));
     ASSERT_TRUE(platform::queryTimeLocale(name));
     EXPECT_EQ(name, string(u"C"));
+}
+
+// Numbers, letters and sorting of a process stay as they are while a time is shown.
+TEST(clockSystem, setsTheLocaleOfTimesAlone)
+{
+    const localeKeeper keeper;
+    // One of these is known to each system.
+    ASSERT_TRUE(platform::setTimeLocale(u"German") || platform::setTimeLocale(u"C.UTF-8"));
+    string name;
+    ASSERT_TRUE(platform::queryTimeLocale(name));
+    EXPECT_NE(name, string(u"C"));
+    for (const int category : {LC_COLLATE, LC_CTYPE, LC_MONETARY, LC_NUMERIC})
+        EXPECT_STREQ(std::setlocale(category, nullptr), "C") << category;
 }
 
 TEST(clockSystem, tellsTheDecimalSeparators)

@@ -2,11 +2,10 @@
 
 from pathlib import Path
 
-from toolcase import FLAT, MEASURED, ToolCase, expected, measuring_data
+from toolcase import (ANTICLOCKWISE, FLAT, MEASURED, QUARTER_TURN, WORKED_EXAMPLE, ToolCase, expected,
+                      measuring_data)
 
 EXAMPLES = Path(__file__).parents[2] / "examples"
-WORKED_EXAMPLE = ((1, 11, 2), (21, 11, 3), (21, 1, 2), (1, 1, 1))
-QUARTER_TURN = ((-10, 0, 1), (-10, 20, 1), (0, 20, 1), (0, 0, 1))
 
 
 class Getncs(ToolCase):
@@ -61,7 +60,7 @@ class Getncs(ToolCase):
             ("workedExample", WORKED_EXAMPLE, ["-zoffset:0.25"]),
             ("flatRectangle", FLAT, ["-zoffset:0.5"]),
             ("quarterTurn", QUARTER_TURN, []),
-            ("anticlockwise", ((0, 0, 1), (20, 0, 1), (20, 10, 1), (0, 10, 1)), []),
+            ("anticlockwise", ANTICLOCKWISE, []),
         ]
         for name, points, switches in rows:
             with self.row(name):
@@ -152,6 +151,16 @@ class Getncs(ToolCase):
                     self.assert_run(self.getncs(f"-zoffset:{text}", *debug), 0,
                                     [f'Error parsing zoffset value "{text}" '])
                     self.assertFalse(self.result.exists())
+
+    def test_an_offset_without_bounds_gives_no_system(self):
+        for text in ("inf", "-inf", "infinity", "nan", "1e309", "-1e309"):
+            with self.row(text):
+                self.measure(FLAT)
+                file = self.machine.shown(self.measuring_file())
+                self.assert_run(self.getncs(f"-zoffset:{text}"), 0,
+                                [f'File "{file}" contains invalid measuring points - Error calculating new '
+                                 "coordinate system"])
+                self.assertFalse(self.result.exists())
 
     def test_the_offset_is_read_also_where_it_is_not_needed(self):
         self.assert_run(self.getncs("-zoffset:x"), 0, ['Error parsing zoffset value "x" '])

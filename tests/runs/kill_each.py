@@ -19,6 +19,8 @@ import sys
 import tempfile
 from pathlib import Path
 
+from toolcase import WORKED_EXAMPLE, measuring_data
+
 TRACEME, GETREGS, SETREGS, SYSCALL, SETOPTIONS = 0, 12, 13, 24, 0x4200
 MARK_CALLS, DIE_WITH_TRACER = 1, 0x100000
 CALL_STOP = signal.SIGTRAP | 0x80
@@ -181,16 +183,7 @@ class Exchange:
 NEW_DESCRIPTION = b"<platform>" + b"new description " * 5000 + b"</platform>"
 NEW_PICTURE = b"new picture " * 30000
 OLDER_ANSWER = b"an older answer, longer than the new one" * 100
-POINTS = ((1, 11, 2), (21, 11, 3), (21, 1, 2), (1, 1, 1))
-MEASURED = (
-    '<?xml version="1.0" encoding="UTF-8"?>\n<measuringdata PlatformName="P1" CreationDate="2024-02-05Z"'
-    ' CreationTime="12:30:15Z">'
-    + "".join(
-        f'<measuringpoint Name="cylinder{number}">'
-        + "".join(f'<axis Name="{axis}">{value}</axis>' for axis, value in zip("xyz", point))
-        + "</measuringpoint>"
-        for number, point in enumerate(POINTS, 1))
-    + "</measuringdata>\n").encode()
+MEASURED = measuring_data(WORKED_EXAMPLE).encode()
 
 
 class Run:

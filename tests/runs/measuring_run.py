@@ -62,6 +62,35 @@ class MeasuringFile(ToolCase):
             with self.row(name):
                 self.assert_read(measuring_data(content))
 
+    def test_points_and_axes_count_in_their_places_alone(self):
+        nested = "<group>" + measuring_point("cylinder1", (5, 5, 5)) + "</group>"
+        rows = [
+            ("a point below another element", "".join(POINTS) + nested),
+            ("one that nobody knows", "<group>" + measuring_point("unknown", ("a",)) + "</group>" + "".join(POINTS)),
+            ("axes below another element", first(axes(("x", 0), ("y", 10), ("z", 1)) + "<group>"
+                                                 + axes(("x", "a"), ("z", 9)) + "</group>")),
+        ]
+        for name, content in rows:
+            with self.row(name):
+                self.assert_read(measuring_data(content))
+
+    def test_what_a_schema_takes_for_a_number_need_not_be_one(self):
+        rows = [
+            ("a comment before it", "<!-- mm -->0.0"),
+            ("a section of plain text", "<![CDATA[0.0]]>"),
+            ("a decimal reference", "&#48;"),
+        ]
+        for name, text in rows:
+            with self.row(name):
+                self.assert_refused(measuring_data(first(axes(("x", text), ("y", 10), ("z", 1)))),
+                                    'doesn\'t contains unknown values for axis "x"')
+
+    def test_numbers_beyond_all_limits_give_no_system(self):
+        for text in ("1e999", "-1e309", "inf", "nan"):
+            with self.row(text):
+                self.assert_refused(measuring_data(first(axes(("x", text), ("y", 10), ("z", 1)))),
+                                    "contains invalid measuring points - Error calculating new coordinate system")
+
     def test_the_first_fault_is_reported(self):
         complete = axes(("x", 0), ("y", 10), ("z", 1))
         rows = [
@@ -87,6 +116,11 @@ class MeasuringFile(ToolCase):
             ("empty value", first(axes(("x", 0), ("Y", ""))), 'doesn\'t contains unknown values for axis "Y"'),
             ("a value before the completeness", first(axes(("z", "-")), "cylinder5"),
              'doesn\'t contains unknown values for axis "z"'),
+            ("a point below another element in place of one",
+             "<group>" + POINTS[0] + "</group>" + OTHERS, "doesn't contain all required four measuring points"),
+            ("an axis below another element in place of one",
+             first(axes(("x", 0), ("y", 10)) + "<group>" + axes(("z", 1)) + "</group>"),
+             'doesn\'t contains incomplete axis values for point "cylinder1"'),
             ("three cylinders", OTHERS, "doesn't contain all required four measuring points"),
             ("four points, three names", OTHERS + POINTS[3], "doesn't contain all required four measuring points"),
             ("no point", "<a/>", "doesn't contain all required four measuring points"),
@@ -141,6 +175,10 @@ class MeasuringFile(ToolCase):
                 self.measuring_file(platform).write_bytes(content)
                 self.assert_run(self.getncs(platform=platform), 1)
                 self.assert_result(self.flat(platform))
+
+    def test_a_declaration_of_utf_16_without_its_mark_gives_an_empty_document(self):
+        content = '<?xml version="1.0" encoding="utf-16"?>' + measuring_data(FLAT)
+        self.assert_refused(content, 'doesn\'t contain data from platform "P1"')
 
     def test_a_date_that_is_missing_or_strange_is_no_fault(self):
         whole = measuring_data(FLAT)

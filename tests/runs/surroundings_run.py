@@ -2,8 +2,14 @@
 system, odd file names, full disks, missing permissions."""
 
 import os
+import re
 import resource
+import shutil
 import signal
+import subprocess
+import tempfile
+from contextlib import suppress
+from pathlib import Path
 
 from toolcase import DATE, FLAT, MEASURED, TIME, ToolCase, expected, measuring_data
 
@@ -18,10 +24,34 @@ class Surroundings(ToolCase):
         if self.machine.name != "linux":
             self.skipTest(why)
 
-    def in_locale(self, name):
+    def in_locale(self, name, source=None):
+        """The environment of a user of that language; `source` is a file that defines it."""
         if not self.locales:
-            self.skipTest("no locales were given")
+            self.skipTest("no folder for locales was given")
+        made = self.locales / name
+        if not made.is_dir():
+            # Made aside, so that another run of these tests never sees half of it.
+            aside = Path(tempfile.mkdtemp(dir=self.locales))
+            subprocess.run(["localedef", "-i", source or name.partition(".")[0], "-f", "UTF-8", aside / name],
+                           check=True)
+            with suppress(OSError):
+                (aside / name).rename(made)
+            shutil.rmtree(aside)
         return {"LC_ALL": name, "LOCPATH": str(self.locales)}
+
+    def with_time_format(self, name, form):
+        """As in_locale, with a language that shows a time by this format."""
+        german = Path("/usr/share/i18n/locales/de_DE").read_text(encoding="utf-8")
+        source = self.folder / name
+        source.write_text(re.sub(r'(?m)^(d_t_fmt\s+)"[^"]*"', lambda found: found[1] + f'"{form}"', german),
+                          encoding="utf-8")
+        return self.in_locale(name, source)
+
+    def shown_time(self, changes):
+        """What a result tells of the time of measuring."""
+        self.measure(FLAT)
+        self.assert_run(self.getncs(), 1, changes=changes)
+        return re.search("measured on (.*)</message>", self.result.read_text(encoding="utf-8-sig"))[1]
 
     # --- Time ---
 
@@ -75,6 +105,41 @@ class Surroundings(ToolCase):
         self.measure(FLAT)
         self.assert_run(self.getncs("-zoffset:0.5"), 1, changes=changes)
         self.assertIn(b"Mi 15 Mai 2024", self.result.read_bytes())
+
+    def test_the_users_language_is_that_of_all_before_that_of_times_before_the_common_one(self):
+        self.linux_only("a user of Windows has one language for all")
+        folder = self.in_locale("de_DE.UTF-8")
+        self.in_locale("fr_FR.UTF-8")
+        self.in_locale("tr_TR.UTF-8")
+        german, french, turkish = "Mi 15 Mai 2024", "mer. 15 mai 2024", "\u00c7r\u015f 15 May 2024"
+        rows = [
+            ("all three", "de_DE", "fr_FR", "tr_TR", german),
+            ("not for all", "", "fr_FR", "tr_TR", french),
+            ("the common one alone", "", "", "tr_TR", turkish),
+            ("times alone", "", "fr_FR", "", french),
+            ("for all, and the common one", "de_DE", "", "tr_TR", german),
+        ]
+        for name, of_all, of_times, common, begin in rows:
+            with self.row(name):
+                values = {"LC_ALL": of_all, "LC_TIME": of_times, "LANG": common}
+                changes = {**folder, **{key: value and value + ".UTF-8" for key, value in values.items()}}
+                shown = self.shown_time(changes)
+                self.assertEqual(shown[:len(begin)], begin)
+                self.assertEqual(shown, self.machine.time_text(MEASURED, changes))
+
+    def test_a_language_that_is_not_installed_leaves_the_time_in_english(self):
+        self.linux_only("Windows always has a language")
+        self.assertEqual(self.shown_time({"LC_ALL": "xx_XX.UTF-8"}), self.machine.time_text(MEASURED, {}))
+
+    def test_a_date_counts_in_characters(self):
+        self.linux_only("the languages of Windows have no such format")
+        changes = self.in_locale("km_KH.UTF-8")
+        shown = self.shown_time(changes)
+        self.assertEqual(shown, self.machine.time_text(MEASURED, changes))
+        self.assertGreater(len(shown.encode()), 127, "in bytes it is too long")
+        for length, text in (127, "Mittwoch" * 15 + "\u1782" * 7), (128, ""):
+            changes = self.with_time_format(f"units{length}", "%A" * 15 + "\u1782" * (length - 120))
+            self.assertEqual(self.shown_time(changes), text)
 
     def test_the_date_is_in_english_where_no_language_is_set(self):
         self.linux_only("Windows always has a language")

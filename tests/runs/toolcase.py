@@ -13,7 +13,7 @@ EXPECTED = Path(__file__).parent / "expected"
 class ToolCase(unittest.TestCase):
     maxDiff = None
     machine = None  # set by the runner, as are the two below
-    locales = None  # folder with the locales de_DE.UTF-8 and tr_TR.UTF-8, or None
+    locales = None  # folder for locales, which are made in it as tests ask for them, or None
     installed = None  # the tree that `cmake --install` made, or None
 
     def setUp(self):
@@ -95,7 +95,12 @@ def expected(name, **places):
     return text
 
 
+# The worked examples of a frame; expected/ holds their documents.
 FLAT = ((0, 10, 1), (20, 10, 1), (20, 0, 1), (0, 0, 1))
+WORKED_EXAMPLE = ((1, 11, 2), (21, 11, 3), (21, 1, 2), (1, 1, 1))
+QUARTER_TURN = ((-10, 0, 1), (-10, 20, 1), (0, 20, 1), (0, 0, 1))
+ANTICLOCKWISE = tuple(reversed(FLAT))
+
 MEASURED = 1715766030  # what DATE and TIME say, in seconds since 1970: months count from 0
 DATE, TIME = "2024-4-15Z", "9:40:30Z"
 

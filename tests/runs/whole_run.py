@@ -55,7 +55,7 @@ def main():
     options = argparse.ArgumentParser(description=__doc__, formatter_class=argparse.RawDescriptionHelpFormatter)
     options.add_argument("--tool", type=Path, required=True, help="the executable")
     options.add_argument("--helpers", type=Path, help="folder of the helpers for the Windows executable")
-    options.add_argument("--locales", type=Path, help="folder with the locales de_DE.UTF-8 and tr_TR.UTF-8")
+    options.add_argument("--locales", type=Path, help="folder for the languages of other countries, made as needed")
     options.add_argument("--installed", type=Path, help="the installed tree, to test its language files")
     options.add_argument("names", nargs="*", help="only tests whose name holds one of these")
     given = options.parse_args()

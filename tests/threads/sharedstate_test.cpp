@@ -5,6 +5,7 @@
 #include "orlomodule.h"
 #include "orloreport.h"
 #include "orlosearchpath.h"
+#include "orlotimetext.h"
 #include "orloxmlnode.h"
 #include "platform/platform.h"
 #include "support/text.h"
@@ -120,6 +121,23 @@ TEST(numbers, areReadAndWrittenInTheUsersFormatByAllThreads)
             EXPECT_EQ(back, value);
         }
     });
+}
+
+// The locale of times is the process's: each thread has it for itself, and leaves it as it was.
+TEST(timeTexts, areMadeByAllThreadsUnderTheUsersLocale)
+{
+    string before;
+    ASSERT_TRUE(platform::queryTimeLocale(before));
+    std::tm time{};
+    time.tm_year = 124;
+    time.tm_mday = 5;
+    const string expected = localTimeText(time);
+    onThreads([&](std::size_t) {
+        for (int round = 0; round < rounds; ++round) EXPECT_EQ(localTimeText(time), expected);
+    });
+    string after;
+    ASSERT_TRUE(platform::queryTimeLocale(after));
+    EXPECT_EQ(after, before);
 }
 
 TEST(internedTexts, haveOneAddressForAllThreads)

@@ -1,3 +1,14 @@
+// Dates count in the proleptic Gregorian calendar and lie in one word, the year above the month
+// above the day, so that the word orders them and files can hold it.
+//
+// Nothing here goes day by day, and nothing by a number of days since some first day: a span moves
+// by whole years first, then by whole months, then within one. On the way the day is kept as
+// three numbers beside the date (calendarDay), since it may lie beyond the last year that a date
+// holds. Forward this is exact. Backward it keeps a slip that dates already counted depend on; see
+// skipMonthsBack.
+//
+// A text is tried with "/" and then with "-" as delimiter. A try that fails throws the plain bool
+// false where it fails, and one place catches it.
 #include "orlodate.h"
 
 #include "orlotextformat.h"
