@@ -49,18 +49,24 @@ TEST_F(timeText, isInTheUsersOwnFormatAndTheLocaleIsRestored)
     machine& m = machine::current();
     m.timeLocale = u"C.of the process";
     m.timeText = "5. M\xE4rz 2024";
-    m.calls.clear();
     EXPECT_EQ(localTimeText(universal(2024, 3, 5)), u"5. M\u00E4rz 2024")
         << "bytes are units of the same value";
     EXPECT_EQ(m.timeLocale, u"C.of the process");
+}
+
+// One thread at a time may have the locale, from asking for the old one to restoring it.
+TEST_F(timeText, holdsALockOverTheLocale)
+{
+    machine& m = machine::current();
+    localTimeText(universal(2024, 3, 5)); // makes the lock
+    m.calls.clear();
+    localTimeText(universal(2024, 3, 5));
     std::vector<std::string> operations;
-    for (const auto& call : m.calls) {
-        if (call.operation.find("Time") != std::string::npos || call.operation.find("seconds") == 0)
-            operations.push_back(call.operation + " " + orlo::narrow(call.subject));
-    }
-    EXPECT_EQ(operations, (std::vector<std::string>{"secondsOf ", "localTime ", "queryTimeLocale ",
-                                                    "setTimeLocale ", "formatTime ",
-                                                    "setTimeLocale C.of the process"}));
+    for (const auto& call : m.calls)
+        operations.push_back(call.operation + " " + orlo::narrow(call.subject));
+    EXPECT_EQ(operations, (std::vector<std::string>{
+                              "secondsOf ", "localTime ", "lockMutex ", "queryTimeLocale ",
+                              "setTimeLocale ", "formatTime ", "setTimeLocale C", "unlockMutex "}));
 }
 
 TEST_F(timeText, keepsTheUsersLocaleWhereTheProcesssCannotBeTold)
