@@ -4,6 +4,7 @@
 #include "orlogeopoint.h"
 #include "orlolanguagetable.h"
 #include "orlolocfile.h"
+#include "orlolocstring.h"
 #include "orlologger.h"
 #include "orlomodule.h"
 #include "orlopath.h"

@@ -4,6 +4,7 @@
 
 #include "orloexception.h"
 #include "orlolanguagetable.h"
+#include "orlolocstring.h"
 #include "orlomodule.h"
 #include "orloreport.h"
 #include "orlosearchpath.h"

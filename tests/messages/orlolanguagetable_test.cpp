@@ -1,6 +1,7 @@
 #include "orlolanguagetable.h"
 
 #include "orlofile.h"
+#include "orlolocstring.h"
 #include "support/languagefile.h"
 
 #include <functional>

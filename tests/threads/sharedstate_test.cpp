@@ -2,6 +2,7 @@
 #include "orlodirectory.h"
 #include "orlogeopoint.h"
 #include "orlolanguagetable.h"
+#include "orlolocstring.h"
 #include "orlomodule.h"
 #include "orloreport.h"
 #include "orlosearchpath.h"

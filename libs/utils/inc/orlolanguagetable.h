@@ -1,9 +1,12 @@
 // The process-wide table through which every text goes.
 #pragma once
 
-#include "orlolocstring.h"
+#include "orlostring.h"
 
 namespace orlo {
+
+class iLocStringId;
+class stringTemplate;
 
 // Knows the current language, where language files lie, and the files already in use. Files
 // are searched in the folder of the executable and in config/Language beside it, first as
@@ -16,8 +19,8 @@ public:
     static languageTable& instance();
     ~languageTable() = delete;
 
-    // The language from now on, taken as written. Listeners are told of a change, under the
-    // lock. No file is read.
+    // The language from now on, taken as written; null counts as the empty text. Listeners are
+    // told of a change, under the lock. No file is read.
     void setLanguage(const char16_t* language);
     // The text of an address, from the first language file found for it. False, with `text` as
     // it was, if there is no file or no entry. A null language is the current one.
@@ -28,6 +31,7 @@ public:
     // With a prefix P, the file P_name beside a language file overrides it, from the next file
     // on that comes into use.
     void setOverridePrefix(const string& prefix);
+    // Each listener is told once, whatever the number of calls; null is none.
     void addListener(listener told);
     void removeListener(listener told);
 

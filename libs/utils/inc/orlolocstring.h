@@ -2,53 +2,13 @@
 #pragma once
 
 #include "orlogenericvalue.h"
-#include "orloscstring.h"
+#include "orlolocstringid.h"
 #include "orlostringtemplate.h"
 
 #include <concepts>
-#include <initializer_list>
 #include <vector>
 
 namespace orlo {
-
-// The address of a text.
-class iLocStringId {
-public:
-    [[nodiscard]] virtual const char16_t* getDefaultText() const = 0;
-    [[nodiscard]] virtual const char16_t* getId() const = 0;
-    // Copy-constructs the object into memory of the caller and returns it.
-    virtual iLocStringId* clone(void* memory) const = 0;
-    // The whole address in one text: key|default text|,file,file; empty for an empty key. A
-    // "|" in the default text is not marked, so that such a text finds no language file.
-    virtual void getKey(string& out) const = 0;
-    virtual ~iLocStringId() = default;
-};
-
-// Key, default text and the names of the language files that may hold the key.
-class locStringId : public iLocStringId {
-public:
-    locStringId() = default;
-    // File names follow the default text; the list ends at the first null and may be empty.
-    // `id` and `text` must not be null.
-    template <std::convertible_to<const char16_t*>... Files>
-    locStringId(const char16_t* id, const char16_t* text, Files... files)
-        : m_id(id), m_default(text)
-    {
-        addFiles({static_cast<const char16_t*>(files)...});
-    }
-
-    [[nodiscard]] const char16_t* getDefaultText() const override { return m_default.c_str(); }
-    [[nodiscard]] const char16_t* getId() const override { return m_id.c_str(); }
-    iLocStringId* clone(void* memory) const override;
-    void getKey(string& out) const override;
-
-private:
-    void addFiles(std::initializer_list<const char16_t*> files);
-
-    std::vector<scstring> m_files;
-    string m_id;
-    string m_default;
-};
 
 // A text that can be rendered.
 class iLocString {
@@ -87,7 +47,7 @@ public:
     virtual ~locString() = default;
 
     // Sets the parameter of this name; a second value takes the place of the first. A null
-    // text counts as the empty text.
+    // text and a null name count as the empty text.
     void setParam(const char16_t* value, const char16_t* name);
     void setParam(const string& value, const char16_t* name);
     void setParam(const genericValue& value, const char16_t* name);

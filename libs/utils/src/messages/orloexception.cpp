@@ -1,5 +1,7 @@
 #include "orloexception.h"
 
+#include "messages/outofmemory.h"
+
 namespace orlo {
 
 namespace {
@@ -25,12 +27,17 @@ outOfMemoryException::outOfMemoryException()
     : exception(locString(u"Msg_EOutOfMem", u"Out of memory"))
 {}
 
+void throwOutOfMemory()
+{
+    throw outOfMemoryException();
+}
+
 unexpectedErrorException::unexpectedErrorException(detailTag, const char16_t* format,
                                                    std::span<const formatArgument> arguments)
     : exception(locString(u"EUnexpected", u"Unexpected error occurred ([Details])"))
 {
     char16_t details[detailRoom + 1] = {};
-    formatText(details, detailRoom, format, arguments);
+    formatText(details, detailRoom, format ? format : u"", arguments);
     m_message.setParam(details, u"Details");
 }
 

@@ -1,10 +1,12 @@
 #include "orlolanguagetable.h"
 
 #include "orlolocfile.h"
+#include "orlolocstringid.h"
 #include "orlomodule.h"
 #include "orlomutex.h"
 #include "orlopath.h"
 #include "orlosearchpath.h"
+#include "orlostringtemplate.h"
 #include "orlounit.h"
 
 #include <algorithm>
@@ -138,7 +140,7 @@ void languageTable::setLanguage(const char16_t* language)
     const mutexLock held(&state.m_mutex);
     // Copies, since a listener may change both the language and the listeners. Nothing has
     // changed until all are made.
-    const string current(language);
+    const string current(language ? language : u"");
     const std::set<listener> told = state.m_listeners;
     const string old = std::exchange(state.m_language, string(current));
     if (old == current) return;
@@ -178,7 +180,7 @@ void languageTable::addListener(listener told)
 {
     record& state = checked();
     const mutexLock held(&state.m_mutex);
-    state.m_listeners.insert(told);
+    if (told) state.m_listeners.insert(told);
 }
 
 void languageTable::removeListener(listener told)

@@ -44,30 +44,6 @@ void insertFirstFit(const genericValue::holderbase* held, const char16_t* name,
 
 } // namespace
 
-iLocStringId* locStringId::clone(void* memory) const
-{
-    return new (memory) locStringId(*this);
-}
-
-void locStringId::getKey(string& out) const
-{
-    out.clear();
-    if (m_id.empty()) return;
-    out.append(m_id).append(u"|").append(m_default).append(u"|");
-    for (const scstring& name : m_files) {
-        // In front of the first name as well: the language table tells a list by its comma.
-        if (!name.text().empty()) out.append(u",").append(name.text());
-    }
-}
-
-void locStringId::addFiles(std::initializer_list<const char16_t*> files)
-{
-    for (const char16_t* name : files) {
-        if (!name) return;
-        m_files.emplace_back(name);
-    }
-}
-
 locString::locString(const locString& other)
     : iLocString(other), m_locStringId(other.m_locStringId), m_params(other.m_params)
 {}
@@ -94,6 +70,7 @@ void locString::setParam(const string& value, const char16_t* name)
 
 void locString::setParam(const genericValue& value, const char16_t* name)
 {
+    if (!name) name = u"";
     const auto known = std::find_if(m_params.begin(), m_params.end(),
                                     [name](const param& entry) { return entry.name == name; });
     if (known == m_params.end())

@@ -1,6 +1,14 @@
+// A place is found before anything is printed: its bounds, and the conversion that stands
+// inside it. Three searches can find it: by name between brackets, by number behind a dollar
+// sign, or, where neither gives a place, the first printf conversion of the text. A conversion
+// is collected unit by unit into a conversionSpec, whose last letter decides in which class the
+// value goes in; the value is brought into that class and printed with the conversion as it was
+// collected. The printed text then takes the place of the bounds. Nothing is remembered between
+// two insertions but the count of the nameless ones, so that text just put in is searched like
+// the rest.
 #include "orlostringtemplate.h"
 
-#include "orloexception.h"
+#include "messages/outofmemory.h"
 #include "orlounit.h"
 
 #include <algorithm>
@@ -46,7 +54,7 @@ std::unique_ptr<std::uint32_t> makeSeverity()
     try {
         return std::make_unique<std::uint32_t>(0);
     } catch (const std::bad_alloc&) {
-        throw outOfMemoryException();
+        throwOutOfMemory();
     }
 }
 
