@@ -2,21 +2,21 @@
 #pragma once
 
 #include "orlofile.h"
-#include "orlostringtemplate.h"
 
 #include <cstdint>
 #include <forward_list>
 #include <map>
-#include <optional>
-#include <string>
 #include <vector>
 
 namespace orlo {
 
-// A language file in memory. Its entries are read when the first key is looked up, and again
-// when the time of the file or of its override file has changed. A missing or malformed file
-// is never an error: it has no entries. A copy reads its include lines and entries anew. No
-// lock of its own.
+class stringTemplate;
+
+// A language file in memory. Its entries are read at the first look-up, and again at a later
+// one if the time of the file or of its override file has changed or if it had no entries. A
+// missing or malformed file, or one that does not fit into the memory, is never an error: what
+// can't be read is not there. A copy reads its include lines and entries anew. No lock of its
+// own.
 //
 //   key    two   words  ; note       key   two   words
 //   key "a ; b " ; note              key   "a ; b ", without the quotes
@@ -25,9 +25,10 @@ namespace orlo {
 //   ;;cmd(replace:::old:::new)       puts "new" for "old" in all texts of this file
 class locFile final : public file {
 public:
-    // Reads the #include lines, not the entries. Names are taken from the directory of the
-    // file. A file that includes itself, directly or through others, is not included again.
-    explicit locFile(const file& source);
+    // Reads the #include lines, once and for all, but not the entries. Names are taken from the
+    // directory of the file; a name of a file in `seen`, whatever its case, is passed over, and
+    // so is a line by which a file would include itself, directly or through others.
+    explicit locFile(const file& source, const std::vector<file>& seen = {});
     locFile(const locFile& other);
     locFile& operator=(const locFile& other);
     locFile(locFile&&) = default;
@@ -35,35 +36,22 @@ public:
     ~locFile();
 
     // The text of a key, here or in an included file; false, with `text` as it was, if there
-    // is none. Blanks around the key do not count.
+    // is none. Blanks around the key do not count; a null key is the empty one.
     bool lookup(const char16_t* key, stringTemplate& text);
-    // Names a second file whose entries win over those of this one.
+    // Names a second file whose entries win over those of this one, from the next look-up on.
     void setOverrideFile(const file& overrideFile);
 
 private:
     using entryMap = std::map<string, string>;
-    // A file and all that it includes, on whatever way, in one list.
-    struct member {
-        locFile* source;
-        std::size_t outer; // index of the file that names this one
-    };
-    using family = std::vector<member>;
-    enum class includes { skip };
-    enum class finding { found, missing, unreadable };
+    struct walk; // over a file and those that it includes
+    enum class includes { none };
 
     locFile(const file& source, includes);
-    void readIncludes();
-    void readOwnIncludes(family& files, std::size_t self);
-
     [[nodiscard]] bool needsLoad() const;
     bool load();
-    bool loadEntries();
-    std::optional<std::u16string> takeText();
+    bool readEntries();
     void loadOverride();
     void applyCommands(entryMap& entries) const;
-
-    finding search(string& key, stringTemplate& text);
-    bool searchIncludes(const string& key, stringTemplate& text);
 
     std::forward_list<locFile> m_includes;
     file m_overrideFile;
@@ -71,8 +59,6 @@ private:
     std::vector<string> m_commands;
     entryMap m_entries;
     std::int64_t m_fileTime = 0;
-    std::optional<std::u16string> m_unloaded; // the text, from the include lines to the first load
-    std::int64_t m_unloadedTime = 0;
 };
 
 } // namespace orlo

@@ -3,8 +3,8 @@
 #include "files/filecontent.h"
 #include "platform/platform.h"
 
-#include <algorithm>
-#include <utility>
+#include <new>
+#include <string_view>
 
 namespace orlo {
 
@@ -49,49 +49,30 @@ void joinLineEnds(std::u16string& text)
     text.erase(to, text.end());
 }
 
+std::u16string decoded(const fileContent& content)
+{
+    std::u16string text =
+        decodeByMark({reinterpret_cast<const char*>(content.bytes.get()), content.size});
+    joinLineEnds(text);
+    return text;
+}
+
 } // namespace
 
-std::optional<languageText> readLanguageText(const file& source)
-{
+std::optional<std::u16string> readLanguageText(const file& source)
+try {
     fileStatus status;
     if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return std::nullopt;
     fileContent content;
     switch (readContent(source, static_cast<std::size_t>(status.size), content)) {
+    case readResult::whole:
+    case readResult::cutShort: return decoded(content);
     case readResult::unopened:
-    case readResult::withoutMemory: return std::nullopt;
-    default: break;
+    case readResult::withoutMemory: break;
     }
-    std::u16string text =
-        decodeByMark({reinterpret_cast<const char*>(content.bytes.get()), content.size});
-    joinLineEnds(text);
-    return languageText{std::move(text), status.modificationTime};
-}
-
-bool lineReader::next(std::u16string_view& line)
-{
-    if (m_rest.empty()) return false;
-    line = m_rest.substr(0, maxLine);
-    const auto lineFeed = line.find(u'\n');
-    if (lineFeed != line.npos) line = line.substr(0, lineFeed + 1);
-    m_rest.remove_prefix(line.size());
-    line = line.substr(0, line.find(u'\0'));
-    return true;
-}
-
-std::u16string_view trimmedLeft(std::u16string_view text, std::u16string_view set)
-{
-    text.remove_prefix(std::min(text.find_first_not_of(set), text.size()));
-    return text;
-}
-
-std::u16string_view trimmedRight(std::u16string_view text, std::u16string_view set)
-{
-    return text.substr(0, text.find_last_not_of(set) + 1);
-}
-
-std::u16string_view trimmedLineEnd(std::u16string_view line)
-{
-    return trimmedRight(trimmedRight(line, lineEnds), blanks);
+    return std::nullopt;
+} catch (const std::bad_alloc&) {
+    return std::nullopt;
 }
 
 } // namespace orlo
