@@ -2,6 +2,7 @@
 #include "input.h"
 #include "judgelanguage.h"
 #include "orlolocfile.h"
+#include "orlostringtemplate.h"
 #include "support/machine.h"
 
 #include <array>

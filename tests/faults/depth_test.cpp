@@ -1,5 +1,6 @@
 // What may be nested without end must not take the call stack along.
 #include "orlolocfile.h"
+#include "orlostringtemplate.h"
 #include "orloxmldocument.h"
 #include "support/languagefile.h"
 

@@ -1,10 +1,17 @@
 #include "orloexception.h"
 
+#include "support/allocations.h"
 #include "support/languagefile.h"
 
+#include <algorithm>
 #include <exception>
+#include <fstream>
 #include <functional>
+#include <iterator>
+#include <new>
+#include <string>
 #include <type_traits>
+#include <vector>
 
 using orlo::file;
 using orlo::languageTable;
@@ -31,6 +38,18 @@ string keyOf(const orlo::exception& thrown)
     thrown.m_message.getLocStringId().getKey(key);
     return key;
 }
+
+// Catch sites in other programs rely on the layout: the derived classes add no field, and the
+// destructor is the one virtual operation.
+static_assert(sizeof(orlo::exception) ==
+              sizeof(void*) + sizeof(locString) + sizeof(std::vector<locString>));
+static_assert(sizeof(orlo::outOfMemoryException) == sizeof(orlo::exception));
+static_assert(sizeof(orlo::unexpectedErrorException) == sizeof(orlo::exception));
+static_assert(sizeof(orlo::fileException) == sizeof(orlo::exception));
+static_assert(sizeof(orlo::fileNotFoundException) == sizeof(orlo::exception));
+static_assert(sizeof(orlo::readFileException) == sizeof(orlo::exception));
+static_assert(sizeof(orlo::writeFileException) == sizeof(orlo::exception));
+static_assert(sizeof(orlo::invalidXmlException) == sizeof(orlo::exception));
 
 static_assert(!std::is_base_of_v<std::exception, orlo::exception>);
 static_assert(std::is_base_of_v<orlo::exception, orlo::outOfMemoryException>);
@@ -74,6 +93,17 @@ TEST_F(failure, carriesKeyDefaultTextAndParameters)
         EXPECT_EQ(textOf(row.thrown), string(row.text));
         EXPECT_TRUE(row.thrown.m_stack.empty());
     }
+}
+
+// Nothing but the header itself tells how many virtual operations a class has.
+TEST_F(failure, hasItsDestructorAsItsOnlyVirtualOperation)
+{
+    std::ifstream header(ORLO_LANGUAGE_FOLDER "/../../libs/utils/inc/orloexception.h");
+    const std::vector<std::string> words{std::istream_iterator<std::string>(header), {}};
+    ASSERT_FALSE(words.empty());
+    EXPECT_EQ(std::count(words.begin(), words.end(), "virtual"), 1);
+    EXPECT_EQ(std::count(words.begin(), words.end(), "override"), 0);
+    EXPECT_TRUE(std::has_virtual_destructor_v<orlo::exception>);
 }
 
 TEST_F(failure, isCaughtByItsBases)
@@ -157,6 +187,31 @@ TEST_F(failure, rendersTheMessageOfTheThrowerAndNotItsOwn)
     const orlo::exception thrown(message);
     EXPECT_EQ(message.renderedText(), string(u"words"));
     EXPECT_EQ(thrown.m_message.renderedText(), string());
+}
+
+// What goes wrong when the language file is looked for leaves instead of the exception.
+TEST_F(failure, isNotMadeWhenItsTextCannotBeRendered)
+{
+    const locString message(u"key", u"E:words");
+    bool rendered = false;
+    for (std::size_t nth = 1; !rendered; ++nth) {
+        const orlo::tests::allocationFault fault(nth);
+        try {
+            const orlo::exception thrown(message);
+            rendered = !fault.hasHappened();
+        } catch (const orlo::outOfMemoryException&) {
+            break; // the severity of the text
+        } catch (const std::bad_alloc&) {
+            continue; // a copy of the message, or a text on the way
+        }
+    }
+    EXPECT_FALSE(rendered) << "no failure of the rendering has left the constructor";
+}
+
+TEST_F(failure, takesANullFormatAsTheEmptyText)
+{
+    EXPECT_EQ(textOf(orlo::unexpectedErrorException(nullptr)),
+              string(u"Unexpected error occurred ()"));
 }
 
 TEST_F(failure, cutsItsDetailsAt511Units)

@@ -69,6 +69,18 @@ std::vector<string> pathsAsked()
     return paths;
 }
 
+// The calls of the machine that lock and unlock, or touch a disk, as letters: ( ) and f.
+std::string locksAndFiles()
+{
+    std::string shape;
+    for (const auto& call : machine::current().calls) {
+        if (call.operation == "lockMutex") shape += '(';
+        if (call.operation == "unlockMutex") shape += ')';
+        if (!call.subject.empty() && !shape.ends_with('f')) shape += 'f';
+    }
+    return shape;
+}
+
 struct change {
     int listener;
     string from;
@@ -328,6 +340,69 @@ TEST_F(table, tellsNobodyOfALanguageThatIsAlreadySet)
     all.removeListener(listen<1>);
     all.setLanguage(u"german");
     EXPECT_EQ(changes.size(), 1U);
+}
+
+TEST_F(table, tellsItsListenersInsideItsLock)
+{
+    static std::string shape;
+    const languageTable::listener looks = [](const char16_t*, const char16_t*) {
+        shape = locksAndFiles();
+    };
+    all.setLanguage(u"english");
+    all.addListener(looks);
+    here.calls.clear();
+    all.setLanguage(u"german");
+    EXPECT_EQ(shape, "(");
+    EXPECT_EQ(locksAndFiles(), "()");
+    all.removeListener(looks);
+}
+
+TEST_F(table, takesItsLockForEachSetting)
+{
+    const std::function<void()> settings[] = {
+        [this] { all.setLanguage(u"german"); },   [this] { all.setLanguage(u"german"); },
+        [this] { all.setDefaultFile(u"a.loc"); }, [this] { all.setOverridePrefix(u"site"); },
+        [this] { all.addListener(listen<1>); },   [this] { all.removeListener(listen<1>); },
+    };
+    for (const auto& set : settings) {
+        here.calls.clear();
+        set();
+        EXPECT_EQ(locksAndFiles(), "()");
+    }
+}
+
+// First the search, then all that is done with the file found: entering it, reading it, taking
+// the text.
+TEST_F(table, looksATextUpInTwoPiecesUnderItsLock)
+{
+    addKey(bin + u"locked twice.loc", u"text");
+    addKey(bin + u"site_locked twice.loc", u"site");
+    all.setOverridePrefix(u"site");
+    const rawAddress present(u"key|default|,locked twice.loc");
+    here.calls.clear();
+    EXPECT_EQ(textOf(present), string(u"site"));
+    EXPECT_EQ(locksAndFiles(), "(f)(f)");
+    here.calls.clear();
+    EXPECT_EQ(textOf(present), string(u"site"));
+    EXPECT_EQ(locksAndFiles(), "(f)(f)");
+    here.calls.clear();
+    EXPECT_EQ(textOf(rawAddress(u"key|default|,no such file.loc")), string(u"<none>"));
+    EXPECT_EQ(locksAndFiles(), "(f)");
+}
+
+TEST_F(table, takesANullLanguageAsTheEmptyOneAndNullAsNoListener)
+{
+    all.setLanguage(u"english");
+    all.addListener(listen<1>);
+    all.addListener(nullptr);
+    changes.clear();
+    all.setLanguage(nullptr);
+    ASSERT_EQ(changes.size(), 1U);
+    EXPECT_EQ(changes[0].to, string());
+    all.setLanguage(u"");
+    EXPECT_EQ(changes.size(), 1U);
+    all.removeListener(nullptr);
+    all.removeListener(listen<1>);
 }
 
 TEST_F(table, letsAListenerUseIt)

@@ -1,5 +1,7 @@
 #include "orlolocfile.h"
 
+#include "orlostringtemplate.h"
+#include "support/allocations.h"
 #include "support/languagefile.h"
 
 #include <utility>
@@ -10,6 +12,7 @@ using orlo::string;
 using orlo::stringTemplate;
 using orlo::tests::addLanguageBytes;
 using orlo::tests::addLanguageFile;
+using orlo::tests::allocationFault;
 using orlo::tests::machine;
 
 namespace {
@@ -169,6 +172,8 @@ TEST_F(languageFile, putsAContinuedEntryTogether)
         {u"key \"first \" x \\\n\" second\" y\n", u"key", u"first  second"},
         {u"key first \\\n\"open; end\n", u"key", u"first open; end"},
         {u"key a\\\nb\\\nc\nnext d\n", u"key", u"abc"},
+        {u"key a \\\nb \\\nc\n", u"key", u"a b c"},
+        {u"key \"a\" \\\n\"b \\\nc\n", u"key", u"ab c"},
         {u"key a\\\nb\\\nc\nnext d\n", u"next", u"d"},
         {u"key a\\\n\\\nb\n", u"key", u"ab"},
         {u"key \\\nvalue\n", u"key", u"value"},
@@ -297,6 +302,21 @@ TEST_F(languageFile, isDecodedByThePlatformsRuleWithoutAMark)
     EXPECT_EQ(textInBytes("key gr\xFC \x80", u"key"), string(u"gr\u00FC \u20AC"));
 }
 
+TEST_F(languageFile, knowsNoOtherMark)
+{
+    const std::string highFirst("\xFE\xFFkey a\nnext b\n");
+    EXPECT_EQ(textInBytes(highFirst, u"key"), string(u"<none>"));
+    EXPECT_EQ(textInBytes(highFirst, u"\u00FE\u00FFkey"), string(u"a"));
+    EXPECT_EQ(textInBytes(highFirst, u"next"), string(u"b"));
+    EXPECT_EQ(textInBytes("\xEF\xBBkey a\n", u"\u00EF\u00BBkey"), string(u"a"));
+    EXPECT_EQ(textInBytes("\xFFkey a\n", u"\u00FFkey"), string(u"a"));
+    EXPECT_EQ(textInBytes("+/v8 a\n", u"+/v8"), string(u"a"));
+    // What would be UTF-32 is UTF-16 whose first line begins with a zero.
+    const std::string wider("\xFF\xFE\0\0k\0 \0v\0\n\0n\0 \0w\0", 18);
+    EXPECT_EQ(textInBytes(wider, u"k"), string(u"<none>"));
+    EXPECT_EQ(textInBytes(wider, u"n"), string(u"w"));
+}
+
 TEST_F(languageFile, dropsAnOddLastByteOfUtf16)
 {
     EXPECT_EQ(textInBytes(std::string("\xFF\xFEk\0 \0v\0w", 9), u"k"), string(u"v"));
@@ -360,6 +380,11 @@ TEST_F(languageFile, ignoresBlanksAroundTheKeyThatIsSearched)
     });
 }
 
+TEST_F(languageFile, takesANullKeyAsTheEmptyOne)
+{
+    EXPECT_EQ(textIn(u"key value\n", nullptr), string(u"<none>"));
+}
+
 TEST_F(languageFile, followsAliases)
 {
     expectTexts({
@@ -388,19 +413,21 @@ TEST_F(languageFile, readsNoEntriesBeforeTheFirstLookUp)
 {
     addLanguageFile(mainPath, u"key old\n");
     locFile from{file(mainPath)};
-    addLanguageFile(mainPath, u"key new\n");
+    rewriteUnseen(mainPath, "key new\n");
     EXPECT_EQ(textOf(from, u"key"), string(u"new"));
 }
 
-// The text that was read for the include lines serves the first load.
-TEST_F(languageFile, isReadOnceUpToItsFirstText)
+TEST_F(languageFile, isReadOnceForItsIncludesAndOnceForItsEntries)
 {
     addLanguageFile(mainPath, u"#include more.loc\nkey value\n");
     addLanguageFile(morePath, u"other text\n");
     locFile from{file(mainPath)};
-    EXPECT_EQ(textOf(from, u"key"), string(u"value"));
-    EXPECT_EQ(textOf(from, u"other"), string(u"text"));
     EXPECT_EQ(here.countCalls("openFile"), 2U);
+    EXPECT_EQ(textOf(from, u"key"), string(u"value"));
+    EXPECT_EQ(here.countCalls("openFile"), 3U) << "the included file was not asked yet";
+    EXPECT_EQ(textOf(from, u"other"), string(u"text"));
+    EXPECT_EQ(textOf(from, u"missing"), string(u"<none>"));
+    EXPECT_EQ(here.countCalls("openFile"), 4U);
 }
 
 TEST_F(languageFile, isReadAgainOnlyWhenItsTimeHasChanged)
@@ -545,6 +572,20 @@ TEST_F(languageFile, findsTheNameInAnIncludeLine)
     });
 }
 
+// A line that is longer than a read comes in pieces.
+TEST_F(languageFile, findsIncludeLinesAndCommandsBehind1023Units)
+{
+    const string filler(std::u16string(1023, u'f'));
+    addLanguageFile(morePath, u"key more\n");
+    EXPECT_EQ(textIn(filler + u"#include more.loc\n", u"key"), string(u"more"));
+    EXPECT_EQ(textIn(filler.substr(4) + u"#include more.loc\n", u"key"), string(u"<none>"))
+        << "the mark is cut in two";
+    EXPECT_EQ(textIn(filler + u"#include more.loc" + filler + u"\n", u"key"), string(u"<none>"));
+    EXPECT_EQ(textIn(filler + u";;cmd(replace:::a:::b)\nkey aa\n", u"key"), string(u"bb"));
+    EXPECT_EQ(textIn(filler.substr(4) + u";;cmd(replace:::a:::b)\nkey aa\n", u"key"),
+              string(u"aa"));
+}
+
 TEST_F(languageFile, cutsAnIncludeLineAtTheFirstLetterOfTheMark)
 {
     addLanguageFile(u"C:\\lang\\more.loc", u"key more\n");
@@ -640,6 +681,75 @@ TEST_F(languageFile, hasNoIncludesWhenItCannotBeReadAtFirst)
     EXPECT_EQ(textOf(from, u"other"), string(u"<none>"));
 }
 
+TEST_F(languageFile, hasNoIncludesWhenTheSystemTellsThatItCannotBeRead)
+{
+    addLanguageFile(mainPath, u"key value\n#include more.loc\n");
+    addLanguageFile(morePath, u"other text\n");
+    here.failCall("access", 1);
+    locFile from{file(mainPath)};
+    EXPECT_EQ(textOf(from, u"key"), string(u"value"));
+    EXPECT_EQ(textOf(from, u"other"), string(u"<none>"));
+}
+
+TEST_F(languageFile, passesOverAnIncludedFileThatCannotBeRead)
+{
+    addLanguageFile(mainPath, u"#include more.loc\n#include last.loc\n");
+    addLanguageFile(morePath, u"key more\n");
+    addLanguageFile(u"C:\\lang\\last.loc", u"key last\n");
+    here.failCall("access", 2);
+    locFile from{file(mainPath)};
+    EXPECT_FALSE(here.faultsPending());
+    EXPECT_EQ(textOf(from, u"key"), string(u"last"));
+}
+
+TEST_F(languageFile, goesOnBehindAnIncludedFileThatIsGoneButNotToItsIncludes)
+{
+    addLanguageFile(mainPath, u"#include more.loc\n#include last.loc\n");
+    addLanguageFile(morePath, u"key more\n#include deep.loc\n");
+    addLanguageFile(u"C:\\lang\\deep.loc", u"key deep\nonly deep\n");
+    addLanguageFile(u"C:\\lang\\last.loc", u"key last\n");
+    locFile from{file(mainPath)};
+    EXPECT_EQ(textOf(from, u"only"), string(u"deep"));
+    ASSERT_TRUE(file(morePath).remove());
+    EXPECT_EQ(textOf(from, u"key"), string(u"last"));
+    EXPECT_EQ(textOf(from, u"only"), string(u"<none>"));
+}
+
+// Whoever makes it may have included some files already.
+TEST_F(languageFile, passesOverTheFilesThatWereSeenAlready)
+{
+    addLanguageFile(mainPath, u"#include more.loc\n#include last.loc\n");
+    addLanguageFile(morePath, u"key more\n");
+    addLanguageFile(u"C:\\lang\\last.loc", u"other last\n");
+    locFile from(file(mainPath), {file(u"C:\\elsewhere\\last.loc"), file(u"C:\\LANG\\More.loc")});
+    EXPECT_EQ(textOf(from, u"key"), string(u"<none>"));
+    EXPECT_EQ(textOf(from, u"other"), string(u"last"));
+    locFile copy(from);
+    EXPECT_EQ(textOf(copy, u"key"), string(u"more")) << "a copy begins with an empty list";
+    locFile none(file(mainPath), {});
+    EXPECT_EQ(textOf(none, u"key"), string(u"more"));
+}
+
+TEST_F(languageFile, letsItsIncludesIncludeWhatWasSeenBeforeIt)
+{
+    addLanguageFile(mainPath, u"#include outer.loc\n");
+    addLanguageFile(u"C:\\lang\\outer.loc", u"#include more.loc\n");
+    addLanguageFile(morePath, u"key more\n");
+    locFile from(file(mainPath), {file(morePath)});
+    EXPECT_EQ(textOf(from, u"key"), string(u"more"));
+}
+
+TEST_F(languageFile, asksItsIncludesForTheTargetOfAnAliasWithoutBlanks)
+{
+    addLanguageFile(mainPath, u"one \"$$target \"\ntwo \"$$ \ttarget\"\nthree \"$$ two\"\n"
+                              u"#include more.loc\n");
+    addLanguageFile(morePath, u"target there\n");
+    locFile from{file(mainPath)};
+    EXPECT_EQ(textOf(from, u"one"), string(u"there"));
+    EXPECT_EQ(textOf(from, u"two"), string(u"there"));
+    EXPECT_EQ(textOf(from, u"three"), string(u"<none>")) << "its own keys have no blanks";
+}
+
 TEST_F(languageFile, findsTheTargetOfAnAliasInAnInclude)
 {
     addLanguageFile(mainPath, u"key $$target\n#include more.loc\n");
@@ -726,6 +836,16 @@ TEST_F(languageFile, cutsAllClosingParenthesesOfACommand)
         {u";;cmd(replace:::x:::(y))\nkey axb\n", u"key", u"a(yb"},
         {u";;cmd(replace:::x:::y) )\nkey axb\n", u"key", u"ay) b"},
         {u";;cmd(replace:::):::y:::)\nkey a)b\n", u"key", u"ayb"},
+    });
+}
+
+// Texts have blanks in the place of tabs, so such a command finds nothing.
+TEST_F(languageFile, leavesTheTabsOfItsCommands)
+{
+    expectTexts({
+        {u";;cmd(replace:::a\tb:::c)\nkey xa\tbx\n", u"key", u"xa bx"},
+        {u";;cmd(replace:::x:::a\tb)\nkey x\n", u"key", u"a\tb"},
+        {u";;cmd(replace\t:::a:::b)\nkey a\n", u"key", u"a"},
     });
 }
 
@@ -862,6 +982,96 @@ TEST_F(languageFile, isReadAgainAfterItsOverrideFileWasSet)
     from.setOverrideFile(file(overridePath));
     EXPECT_EQ(textOf(from, u"other"), string(u"site"));
     EXPECT_EQ(textOf(from, u"key"), string(u"again"));
+}
+
+TEST_F(languageFile, isReadAgainAlsoForAnOverrideFileThatIsMissing)
+{
+    addLanguageFile(mainPath, u"key main\n");
+    locFile from{file(mainPath)};
+    EXPECT_EQ(textOf(from, u"key"), string(u"main"));
+    rewriteUnseen(mainPath, "key again\n");
+    from.setOverrideFile(file(overridePath));
+    EXPECT_EQ(textOf(from, u"key"), string(u"again"));
+}
+
+// --- without memory --------------------------------------------------------------------------
+
+namespace {
+
+// Paths of so few units need no memory themselves.
+const string shortPath(u"C:\\a");
+
+// Loads the short file with the nth request for memory refused, and gives the keys that are
+// there afterwards.
+std::vector<string> keysBehindAFault(std::size_t nth, const std::vector<string>& keys,
+                                     bool& happened)
+{
+    locFile from{file(shortPath)};
+    {
+        stringTemplate text;
+        const allocationFault fault(nth);
+        EXPECT_NO_THROW(static_cast<void>(from.lookup(u"none", text)));
+        happened = fault.hasHappened();
+    }
+    std::vector<string> present;
+    for (const string& key : keys)
+        if (textOf(from, key.c_str()) != u"<none>") present.push_back(key);
+    return present;
+}
+
+} // namespace
+
+TEST_F(languageFile, throwsNothingWhereNoMemoryIsLeftWhenItIsMade)
+{
+    addLanguageFile(shortPath, u"#include b\nkey $$ an alias of some length\n");
+    addLanguageFile(u"C:\\b", u"an text of the other file\n");
+    for (const auto how : {allocationFault::lasting::once, allocationFault::lasting::forGood}) {
+        bool happened = true;
+        for (std::size_t nth = 1; happened; ++nth) {
+            const file source(shortPath);
+            const allocationFault fault(nth, how);
+            EXPECT_NO_THROW(static_cast<void>(locFile(source))) << nth;
+            happened = fault.hasHappened();
+        }
+    }
+}
+
+TEST_F(languageFile, findsNothingWhereNoMemoryIsLeftToReadIt)
+{
+    addLanguageFile(shortPath, u";;cmd(replace:::words:::some other words)\n"
+                               u"a_longer_key a text with some words\nkey $$a_longer_key\n");
+    for (std::size_t nth = 1;; ++nth) {
+        locFile from{file(shortPath)};
+        stringTemplate text(u"a text that is long enough for what is coming as it was before");
+        const string before = text.text();
+        const allocationFault fault(nth, allocationFault::lasting::forGood);
+        bool found = true;
+        EXPECT_NO_THROW(found = from.lookup(u"key", text)) << nth;
+        if (!fault.hasHappened()) {
+            EXPECT_TRUE(found);
+            break;
+        }
+        EXPECT_FALSE(found) << nth;
+        EXPECT_EQ(text.text(), before) << nth;
+    }
+}
+
+TEST_F(languageFile, keepsWhatWasReadBeforeALackOfMemoryInTheOrderOfTheFile)
+{
+    const std::vector<string> keys{u"zone_of_the_file", u"an_entry_behind_it", u"more_of_the_file",
+                                   u"before_the_last", u"yet_another_entry"};
+    string content;
+    for (const string& key : keys) content.append(key).append(u" the text of this entry\n");
+    addLanguageFile(shortPath, content);
+    bool keptSome = false;
+    bool happened = true;
+    for (std::size_t nth = 1; happened; ++nth) {
+        const std::vector<string> present = keysBehindAFault(nth, keys, happened);
+        for (std::size_t index = 0; index < present.size(); ++index)
+            EXPECT_EQ(present[index], keys[index]) << nth;
+        keptSome = keptSome || (!present.empty() && present.size() < keys.size());
+    }
+    EXPECT_TRUE(keptSome);
 }
 
 // --- copies ----------------------------------------------------------------------------------

@@ -298,6 +298,37 @@ TEST_F(localisedText, keepsTheRawTextWhenAskedWhetherThereIsOne)
     EXPECT_EQ(text.renderedText(), string(u"raw [a]"));
 }
 
+TEST_F(localisedText, keepsItsRenderedTextWhereThereIsNoRawOne)
+{
+    locString text(u"key", u"default [a]", u"absent.loc");
+    text.setParam(u"x", u"a");
+    EXPECT_EQ(string(text.getText()), string(u"default x"));
+    EXPECT_FALSE(text.hasText());
+    EXPECT_EQ(text.renderedText(), string(u"default x"));
+    // Also where the file is there, and only its key is missing.
+    addLanguageFile(u"C:\\tool\\bin\\absent.loc", u"other raw\n");
+    EXPECT_FALSE(text.hasText());
+    EXPECT_EQ(text.renderedText(), string(u"default x"));
+}
+
+TEST_F(localisedText, takesNullKeyTextAndNameAsEmptyOnes)
+{
+    locString text(noFile, noFile, u"a.loc");
+    EXPECT_EQ(keyOf(text.getLocStringId()), string());
+    EXPECT_EQ(string(text.getText()), string());
+    EXPECT_EQ(keyOf(locStringId(u"key", noFile)), string(u"key||"));
+    EXPECT_EQ(keyOf(locStringId(noFile, u"default", u"a.loc")), string());
+
+    locString unnamed(u"key", u"[] files of [a]");
+    unnamed.setParam(u"x", u"a");
+    unnamed.setParam(genericValue::of(3), nullptr);
+    EXPECT_EQ(string(unnamed.getText()), string(u"3 files of x"));
+    unnamed.setParam(string(u"four"), nullptr);
+    EXPECT_EQ(string(unnamed.getText()), string(u"four files of x"));
+    unnamed.setParam(u"five", u"");
+    EXPECT_EQ(string(unnamed.getText()), string(u"five files of x")) << "it is one parameter";
+}
+
 TEST_F(localisedText, isCopiedWithoutItsRenderedText)
 {
     locString text(u"key", u"[a]", u"a.loc");

@@ -113,6 +113,16 @@ TEST(stringTemplate, copiesTextSeverityAndCount)
     EXPECT_TRUE(copy.insertValue(u"b", nextPlace));
     EXPECT_EQ(copy.text(), u"a b");
 
+    stringTemplate counted(u"$1 $2 $3");
+    counted.insertValue(u"a", nextPlace);
+    counted.insertValue(u"b", nextPlace);
+    const stringTemplate constructed(counted);
+    EXPECT_EQ(constructed.nextPosition(), 2);
+    copy = counted;
+    EXPECT_EQ(copy.nextPosition(), 2);
+    EXPECT_TRUE(copy.insertValue(u"c", nextPlace));
+    EXPECT_EQ(copy.text(), u"a b c");
+
     copy = stringTemplate(u"plain");
     EXPECT_EQ(copy.text(), u"plain");
     EXPECT_EQ(severityOf(copy), absent);
@@ -320,6 +330,13 @@ TEST(stringTemplate, looksForAConversionInsideThePlaceOfAnotherName)
     EXPECT_EQ(filled(u"[Detailed:%0] 3d", 5, u"Detail"), u"[Detailed: 3d");
 }
 
+TEST(stringTemplate, looksForAConversionNowhereButInAPlaceThatWasFound)
+{
+    EXPECT_EQ(filled(u"[x] %d", 1.5, u"x"), u"1.500000 %d");
+    EXPECT_EQ(filled(u"%d [x]", 1.5, u"x"), u"%d 1.500000");
+    EXPECT_EQ(filled(u"[x:%s] %d", 1.5, u"x"), u"1.500000 %d");
+}
+
 TEST(stringTemplate, looksForAConversionAnywhereWhereNoBracketCameSoFar)
 {
     EXPECT_EQ(filled(u"[Other] %d", 5, u"x"), u"[Other] 5");
@@ -392,12 +409,20 @@ TEST(stringTemplate, countsNamelessValuesThatFoundNoPlace)
 
 TEST(stringTemplate, doesNotCountNamelessValuesOfAnEmptyText)
 {
-    stringTemplate text(u"[x]");
-    EXPECT_TRUE(text.insertValue(u"", u"x"));
+    stringTemplate text(u"$1");
+    EXPECT_EQ(text.nextPosition(), 0);
+    EXPECT_TRUE(text.insertValue(u"", nextPlace));
     ASSERT_EQ(text.text(), u"");
+    EXPECT_EQ(text.nextPosition(), 1);
     EXPECT_FALSE(text.insertValue(u"dropped", nextPlace));
     EXPECT_TRUE(text.insertValue(5, nextPlace));
+    EXPECT_TRUE(text.insertValue(1.5, nextPlace));
     EXPECT_EQ(text.text(), u"");
+    EXPECT_EQ(text.nextPosition(), 1);
+    text.setText(u"[x]");
+    EXPECT_EQ(text.nextPosition(), 0);
+    text.insertValue(5, u"x");
+    EXPECT_EQ(text.nextPosition(), 0) << "a name is no position";
 }
 
 TEST(stringTemplate, usesTheConversionWithinANumberedPlaceOnly)
@@ -489,6 +514,18 @@ TEST(stringTemplate, formatsWholeNumbersByClass)
         {u"[x:%c]", 321L, u"A"},      {u"[x:%3s]", 5L, u"  5"},
     };
     expectFilled(longs);
+    // Where the platform's own is wider, its low 32 bits count.
+    const auto wide = static_cast<long>(0x100000005);
+    static const formatRow<long> wides[] = {
+        {u"[x]", wide, u"5"},
+        {u"[x:%d]", wide, u"5"},
+        {u"[x:%ld]", wide, u"5"},
+        {u"[x:%lld]", wide, u"5"},
+        {u"[x:%llx]", wide, u"5"},
+        {u"[x:%f]", wide, u"5.000000"},
+        {u"[x]", static_cast<long>(0xFFFFFFFB), u"-5"},
+    };
+    expectFilled(wides);
 }
 
 TEST(stringTemplate, formatsDoublesByClass)
@@ -506,6 +543,9 @@ TEST(stringTemplate, formatsDoublesByClass)
         {u"[x:%x]", -1.0, u"ffffffff"},
         {u"[x:%c]", 65.9, u"A"},
         {u"[x:%c]", 200.0, u"\u00c8"},
+        {u"[x:%c]", 321.0, u"A"},
+        {u"[x:%c]", 4294967296.0 + 65, u"A"},
+        {u"[x:%c]", -191.0, u"A"},
         {u"[x]", std::numeric_limits<double>::infinity(), u"inf"},
         {u"[x:%d]", std::numeric_limits<double>::quiet_NaN(), u"0"},
     };

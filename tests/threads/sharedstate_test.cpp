@@ -48,11 +48,11 @@ string numbered(const char16_t* text, int number)
 // A language file beside the executable, where the table looks first.
 class languageFile {
 public:
-    languageFile()
+    explicit languageFile(const string& name = u"threads.loc") : m_name(name)
     {
         directory folder;
         getModuleDirectory(string::emptyString(), folder);
-        m_file = file(folder, u"threads.loc");
+        m_file = file(folder, m_name);
         const std::string bytes = "\xEF\xBB\xBFkey the text of the file\n";
         const platform::fileHandle opened =
             platform::openFile(m_file.path(), platform::openMode::write);
@@ -62,8 +62,10 @@ public:
     ~languageFile() { m_file.remove(); }
     languageFile(const languageFile&) = delete;
     languageFile& operator=(const languageFile&) = delete;
+    [[nodiscard]] const string& name() const { return m_name; }
 
 private:
+    string m_name;
     file m_file;
 };
 
@@ -172,6 +174,46 @@ TEST(languages, areChangedWhileTextsAreLookedUp)
     });
     table.removeListener(listener);
     EXPECT_EQ(told, rounds);
+}
+
+// Whatever is set meanwhile, a text is the one of a file or the default one.
+TEST(languages, areSetInEveryWayWhileTextsAreLookedUp)
+{
+    const languageFile present;
+    languageTable& table = languageTable::instance();
+    const auto listener = [](const char16_t*, const char16_t*) {};
+    onThreads([&](std::size_t thread) {
+        for (int round = 0; round < rounds; ++round) {
+            switch (thread) {
+            case 0: table.setDefaultFile(numbered(u"threads.loc is not ", round)); break;
+            case 1: table.setOverridePrefix(numbered(u"a prefix that is long ", round)); break;
+            case 2: table.addListener(listener); break;
+            default: table.removeListener(listener); break;
+            }
+            table.setLanguage(numbered(u"a language that is long ", round % 3).c_str());
+            EXPECT_EQ(string(locString(u"key", u"default").getText()), u"default");
+            EXPECT_EQ(string(locString(u"key", u"default", u"threads.loc").getText()),
+                      u"the text of the file");
+        }
+    });
+    table.removeListener(listener);
+    table.setDefaultFile(u"");
+    table.setOverridePrefix(u"");
+}
+
+// A file comes into use with the first text: all threads ask for new ones at the same time.
+TEST(languageFiles, comeIntoUseOnceForAllThreads)
+{
+    languageTable& table = languageTable::instance();
+    for (int round = 0; round < 20; ++round) {
+        const languageFile present(numbered(u"new to all ", round) + u".loc");
+        onThreads([&present](std::size_t) {
+            const locString text(u"key", u"default", present.name().c_str());
+            EXPECT_EQ(string(text.getText()), u"the text of the file");
+            EXPECT_TRUE(text.hasText());
+        });
+        table.setLanguage(numbered(u"language ", round).c_str());
+    }
 }
 
 TEST(references, areCountedByAllThreads)

@@ -46,7 +46,7 @@ private:
     struct walk; // over a file and those that it includes
     enum class includes { none };
 
-    locFile(const file& source, includes);
+    locFile(includes, const file& source);
     [[nodiscard]] bool needsLoad() const;
     bool load();
     bool readEntries();

@@ -59,6 +59,8 @@ public:
     [[nodiscard]] const string& text() const { return m_text; }
     // Null, or 0 unknown letter, 1 information, 2 warning, 3 error.
     [[nodiscard]] const std::uint32_t* severity() const { return m_severity.get(); }
+    // The number of values that were inserted without a name since setText().
+    [[nodiscard]] std::int32_t nextPosition() const { return m_nextPosition; }
 
     // Fills the place of this name, or, for a null name, the next numbered place. The text
     // overload gives false if no place is found; all others give true. The int overload leaves

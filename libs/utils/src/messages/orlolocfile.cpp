@@ -68,6 +68,7 @@ void locFile::walk::readIncludes(locFile& root, const std::vector<file>& seen)
 void locFile::walk::readOwnIncludes(family& files, std::size_t self, const std::vector<file>& seen)
 {
     locFile& source = *files[self].source;
+    if (!source.isReadable()) return;
     const std::optional<std::u16string> text = readLanguageText(source);
     if (!text) return;
 
@@ -79,7 +80,7 @@ void locFile::walk::readOwnIncludes(family& files, std::size_t self, const std::
         if (!included.exists() || !included.isReadable()) continue;
         if (isOnTheWay(files, self, included.path())) continue;
         if (!known.insert(included.path().lowerCopy()).second) continue;
-        last = source.m_includes.insert_after(last, locFile(included, includes::none));
+        last = source.m_includes.insert_after(last, locFile(includes::none, included));
         files.push_back({&*last, self});
     }
 }
@@ -160,7 +161,7 @@ locFile::~locFile()
     }
 }
 
-locFile::locFile(const file& source, includes) : file(source) {}
+locFile::locFile(includes, const file& source) : file(source) {}
 
 // Without the memory to find a text the caller shows his default one. What the template raises
 // is its own matter.
@@ -229,7 +230,7 @@ void locFile::loadOverride()
     m_overrideTime = 0;
     if (!m_overrideFile.exists()) return;
     m_overrideTime = m_overrideFile.modificationTime();
-    locFile overriding(m_overrideFile, includes::none);
+    locFile overriding(includes::none, m_overrideFile);
     overriding.load();
     for (auto& [key, value] : overriding.m_entries)
         m_entries.insert_or_assign(key, std::move(value));
