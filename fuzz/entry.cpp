@@ -5,6 +5,6 @@
 
 extern "C" int LLVMFuzzerTestOneInput(const std::uint8_t* data, std::size_t size)
 {
-    orlo::fuzz::ORLO_FUZZ_TARGET({data, size});
+    orlo::fuzz::ORLO_FUZZED({data, size});
     return 0;
 }

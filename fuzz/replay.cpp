@@ -1,6 +1,6 @@
-// Runs the inputs of the corpus once, with any compiler: replay CORPUS, where each folder below
-// CORPUS has the name of its target. An input that breaks a promise ends the process, so its
-// name stands on the last line.
+// Runs the inputs of the corpus once, with any compiler: replay CORPUS [TARGET...], where each
+// folder below CORPUS has the name of its target; all targets if none is named. An input that
+// breaks a promise ends the process, so its name stands on the last line.
 #include "targets.h"
 
 #include <algorithm>
@@ -8,6 +8,7 @@
 #include <filesystem>
 #include <fstream>
 #include <iterator>
+#include <span>
 #include <string_view>
 #include <vector>
 
@@ -22,14 +23,15 @@ struct target {
 };
 
 constexpr target targets[] = {
-    {"calendar", calendar}, {"conversions", conversions},
-    {"encoding", encoding}, {"entities", entities},
-    {"language", language}, {"measuring", measuring},
-    {"paths", paths},       {"points", points},
-    {"switches", switches}, {"templates", templates},
-    {"utf8", utf8},         {"xmlbytes", xmlbytes},
-    {"xmltext", xmltext},   {"xmltree", xmltree},
+#define ORLO_FUZZ_TARGET(name) {#name, name},
+#include "targetlist.inc"
+#undef ORLO_FUZZ_TARGET
 };
+
+bool isChosen(std::string_view name, std::span<char*> chosen)
+{
+    return chosen.empty() || std::find(chosen.begin(), chosen.end(), name) != chosen.end();
+}
 
 std::vector<path> filesIn(const path& folder)
 {
@@ -52,10 +54,12 @@ bool contentOf(const path& file, std::vector<std::uint8_t>& content)
 
 int main(int count, char** values)
 {
-    if (count != 2) return 2;
+    if (count < 2) return 2;
+    const std::span<char*> chosen(values + 2, values + count);
     int passed = 0;
     int failed = 0;
     for (const target& each : targets) {
+        if (!isChosen(each.name, chosen)) continue;
         const std::vector<path> files = filesIn(path(values[1]) / each.name);
         if (files.empty()) ++failed; // a target without inputs tests nothing
         std::printf("%s: %zu inputs\n", each.name.data(), files.size());
@@ -69,5 +73,5 @@ int main(int count, char** values)
         }
     }
     std::printf("%d passed, %d failed\n", passed, failed);
-    return failed == 0 ? 0 : 1;
+    return passed > 0 && failed == 0 ? 0 : 1;
 }

@@ -1,3 +1,4 @@
+# shellcheck shell=bash
 # Sourced by the other scripts: `need PACKAGE...` installs with apt-get those of the Debian
 # packages that are missing. Where nothing is missing it costs nothing and asks nobody.
 
@@ -15,8 +16,10 @@ declare -A proofOf=(
     [libxml2-utils]=xmllint
     [locales]=/usr/share/i18n/locales/de_DE
     [make]=make
+    [libbenchmark-dev]=/usr/include/benchmark/benchmark.h
     [ninja-build]=ninja
     [python3]=python3
+    [shellcheck]=shellcheck
     [wine64]=/usr/lib/wine/wine64
     [xvfb]=Xvfb
 )

@@ -74,6 +74,7 @@ std::vector<madeCall> callsOf(const std::function<void()>& prepare,
 void failEach(const std::function<void()>& prepare, const std::function<std::int32_t()>& run,
               const std::function<traces(const madeCall&)>& expected)
 {
+    prepare();
     run(); // what is made but once for the process is made before
     const std::vector<madeCall> calls = callsOf(prepare, run);
     ASSERT_GT(calls.size(), 5u);

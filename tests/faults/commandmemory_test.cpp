@@ -174,6 +174,10 @@ TEST(getncsMemory, usesDefaultTextsWhereTheLanguageFileCannotBeRead)
     const std::vector<std::string> answers =
         answersWith({"A title of some length", "taven-kolve Morrel"}, messages);
 
+    // What is made but once for the process is there before the first failure.
+    prepare();
+    ASSERT_EQ(asking::run(), 1);
+
     bool usedDefault = false;
     const auto judge = [&](outcome got, std::int32_t code) {
         judgeResult(got, code, answers);

@@ -1,6 +1,8 @@
 """Kills the tool at each of its system calls in turn, then refuses each, and judges what is left.
 
-    kill_each.py EXECUTABLE
+    kill_each.py EXECUTABLE [RUN...]
+
+The runs are slistat-started, slistat-ended and getncs; all if none is named.
 
 A process that dies goes no further, but it leaves what it has done so far. That must be a state
 that the run goes through anyway, nobody else's files may have changed, and the same run started
@@ -235,9 +237,9 @@ def runs(exchange):
         ("taven/MeasuringData_P1.xml", MEASURED))}
     ended = {**old, "taven/P1.xml": gone_old_or_part_of(NEW_DESCRIPTION, b"old description"),
              "taven/P1.png": gone_old_or_part_of(NEW_PICTURE)}
-    yield Run("slistat, started", [*slistat, "-stat:started"], 0, old,
+    yield Run("slistat-started", [*slistat, "-stat:started"], 0, old,
               lambda state: not old.keys() & state.keys()), slicing_order
-    yield Run("slistat, ended_success", [*slistat, "-stat:ended_success"], 1, ended,
+    yield Run("slistat-ended", [*slistat, "-stat:ended_success"], 1, ended,
               lambda state: state.get("taven/P1.png") == NEW_PICTURE), slicing_order
     # The answer is not known beforehand: it is that of the run that nobody kills.
     yield Run("getncs", getncs, 1, {"results/result.xml": None},
@@ -311,13 +313,15 @@ def refuse_each(tool, run, exchange):
 
 
 def main():
-    if len(sys.argv) != 2:
+    if len(sys.argv) < 2:
         sys.exit(__doc__)
     passed = failed = 0
     with tempfile.TemporaryDirectory() as parent:
         exchange = Exchange(parent)
         tool = os.path.abspath(sys.argv[1])
         for run, order in runs(exchange):
+            if sys.argv[2:] and run.name not in sys.argv[2:]:
+                continue
             for done, (complaints, times) in (("killed", kill_each(tool, run, order, exchange)),
                                               ("refused", refuse_each(tool, run, exchange))):
                 print(f"{run.name}: {done} at a system call, {times} runs, {len(complaints)} complaints")
@@ -326,7 +330,7 @@ def main():
                 failed += bool(complaints)
                 passed += not complaints
     print(f"{passed} passed, {failed} failed")
-    return 1 if failed else 0
+    return 0 if passed and not failed else 1
 
 
 if __name__ == "__main__":

@@ -57,6 +57,7 @@ def main():
     options.add_argument("--helpers", type=Path, help="folder of the helpers for the Windows executable")
     options.add_argument("--locales", type=Path, help="folder for the languages of other countries, made as needed")
     options.add_argument("--installed", type=Path, help="the installed tree, to test its language files")
+    options.add_argument("--file", default="*", help="only those of FILE_run.py")
     options.add_argument("names", nargs="*", help="only tests whose name holds one of these")
     given = options.parse_args()
 
@@ -70,7 +71,7 @@ def main():
     loader = unittest.TestLoader()
     loader.testNamePatterns = [f"*{name}*" for name in given.names] or None
     try:
-        tests = loader.discover(str(Path(__file__).parent), pattern="*_run.py")
+        tests = loader.discover(str(Path(__file__).parent), pattern=f"{given.file}_run.py")
         count = unittest.TextTestRunner(sys.stdout, resultclass=Count).run(tests)
     finally:
         machine.close()
