@@ -247,7 +247,7 @@ traces afterAsking(const madeCall& call, const answers& given)
                             : answered(errorDocument(given.title, measureNotFoundText));
     const bool loads =
         call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
-    if (loads || isOneOf(call.operation, {"readFile", "decode"})) return tracesNow(0, {unusable});
+    if (loads || call.operation == "readFile") return tracesNow(0, {unusable});
     if (const auto unsaved = whereSavingFails(call, given.whole)) return *unsaved;
     const bool timeIsLost = isOneOf(call.operation, {"secondsOf", "localTime", "formatTime"});
     return answered(timeIsLost ? given.timeless : given.whole);
@@ -304,7 +304,8 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
         [&](const madeCall& call) {
             const bool opens =
                 call.operation == "openFile" && call.subject == narrow(asking::languagePath);
-            const bool reads = isOneOf(call.operation, {"readFile", "decode"}) && call.nth == 2;
+            const bool reads =
+                call.operation == "decode" || (call.operation == "readFile" && call.nth == 2);
             // The title stands in the half that a short read gives.
             const bool half = call.operation == "readFile" && machine::current().shortTransfers;
             // Of its state, existence counts, and the size for the load; the rest only tells of a

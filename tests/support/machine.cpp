@@ -174,6 +174,17 @@ char16_t ansiUnit(unsigned char byte)
     return byte >= 0x80 && byte < 0xA0 ? upper[byte - 0x80] : byte;
 }
 
+std::size_t decodeDoubleBytes(const unsigned char* bytes, std::size_t length, char16_t* units)
+{
+    std::size_t count = 0;
+    for (std::size_t at = 0; at < length; ++at) {
+        char16_t unit = bytes[at];
+        if (unit >= 0x80 && at + 1 < length) unit = static_cast<char16_t>(unit << 8 | bytes[++at]);
+        units[count++] = unit;
+    }
+    return count;
+}
+
 // --- time ---
 
 constexpr std::int64_t secondsOfDay = 86400;
@@ -545,6 +556,7 @@ std::size_t decode(encoding from, const void* bytes, std::size_t length, char16_
     if (call.fails()) return 0;
     const auto* first = static_cast<const unsigned char*>(bytes);
     if (from == encoding::utf8) return decodeUtf8Bytes(first, length, units);
+    if (machine::current().doubleByteSet) return decodeDoubleBytes(first, length, units);
     std::transform(first, first + length, units, ansiUnit);
     return length;
 }

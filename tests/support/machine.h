@@ -64,6 +64,10 @@ struct machine {
     string userSeparator = u".";
     string systemSeparator = u".";
 
+    // The system's character set: windows-1252, or one in which two bytes from 0x80 on, or one of
+    // them and what follows, are one unit.
+    bool doubleByteSet = false;
+
     // --- what was shown ---
     struct box {
         string text;

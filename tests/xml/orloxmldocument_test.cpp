@@ -202,7 +202,7 @@ TEST_F(xmlLoad, turnsMalformedTextIntoAnInvalidFile)
 
 TEST_F(xmlLoad, letsAFailedConversionThrough)
 {
-    here.addFile(path, "<a/>");
+    here.addFile(path, declaration("x") + "<a/>");
     here.failCall("decode", 1);
     EXPECT_EQ(thrownBy([this] { load(); }), u"false");
     here.addFile(path, utf8Mark);
@@ -212,7 +212,7 @@ TEST_F(xmlLoad, letsAFailedConversionThrough)
 
 TEST_F(xmlLoad, letsALackOfMemoryForTheTextThrough)
 {
-    here.addFile(path, "<a/>");
+    here.addFile(path, "<a><b/></a>");
     const file source{string(path)};
     const allocationFault noBlock(2); // the first block is that of the bytes
     EXPECT_THROW(document->load(source, false), outOfMemoryException);
@@ -329,23 +329,62 @@ TEST_F(xmlParseBuffer, throwsFalseWhereNoTextComesOut)
 {
     EXPECT_EQ(thrownBy([this] { parse(utf8Mark); }), u"false");
     EXPECT_EQ(thrownBy([this] { document->parseBuffer("", 0, false); }), u"false");
-    for (const std::string& bytes :
-         {std::string("<a/>"), utf8Mark + "<a/>", declaration("utf-8"), declaration("x")}) {
-        here.failCall("decode", 1);
-        EXPECT_EQ(thrownBy([&] { parse(bytes); }), u"false") << bytes;
-    }
+    // UTF-8 is decoded without the system, which may fail.
+    here.failCall("decode", 1);
+    EXPECT_EQ(thrownBy([this] { parse(declaration("x") + "<a/>"); }), u"false");
+    here.doubleByteSet = true;
+    here.failCall("decode", 2);
+    EXPECT_EQ(thrownBy([this] { parse(declaration("x") + "<a/>"); }), u"false");
     EXPECT_EQ(document->name, u"");
 }
 
 TEST_F(xmlParseBuffer, tellsALackOfMemoryForItsBlock)
 {
     for (const std::string& bytes :
-         {std::string("<a/>"), utf8Mark + "<a/>", utf16Mark + unitBytes(u"<a/>"),
-          declaration("utf-16"), declaration("x")}) {
+         {std::string("<a><b/></a>"), utf8Mark + "<a><b/></a>", utf16Mark + unitBytes(u"<a/>"),
+          declaration("utf-16"), declaration("x") + "<a><b/></a>"}) {
         const allocationFault noBlock(1);
         EXPECT_THROW(parse(bytes), outOfMemoryException) << bytes;
     }
+    here.doubleByteSet = true;
+    const std::string bytes = declaration("x") + "<b/>";
+    document = xmlDocument::createDocument();
+    {
+        const allocationFault noBlock(1);
+        EXPECT_THROW(parse(bytes), outOfMemoryException);
+    }
     EXPECT_EQ(document->name, u"");
+}
+
+// Where the system's character set has characters of two bytes, of which the second may look like
+// ASCII, no byte is taken for itself.
+TEST_F(xmlParseBuffer, decodesACharacterSetOfTwoBytesAsAWhole)
+{
+    here.doubleByteSet = true;
+    parse(declaration("x") + "<a b='\x81<>'>\x81\x3C</a>");
+    EXPECT_EQ(document->name, u"a");
+    EXPECT_EQ(document->text, u"\u813c");
+    string value;
+    EXPECT_TRUE(document->getAttribute(u"b", value));
+    EXPECT_EQ(value, u"\u813c>");
+}
+
+TEST_F(xmlParseBuffer, namesAreComparedAsTheyAreDecoded)
+{
+    // Different bad bytes are the same replacement, and so is the replacement itself.
+    for (const char* const closing : {"\xFF", "\xFE", "\xEF\xBF\xBD", "\xE4\xB8", "\xE4"}) {
+        document = xmlDocument::createDocument();
+        parse(std::string("<\xFF>x</") + closing + ">");
+        EXPECT_EQ(document->name, u"\ufffd") << closing;
+        EXPECT_EQ(document->text, u"x") << closing;
+    }
+    for (const char* const closing : {"\xFF\xFF", "\xC3\xA9", "", "\xE4\xB8\xAD"})
+        EXPECT_THROW(parse(std::string("<\xFF>x</") + closing + ">"), unexpectedErrorException)
+            << closing;
+    // In a single-byte set each byte is its own unit, and not that of the same value.
+    document = xmlDocument::createDocument();
+    parse(declaration("x") + "<\x80>x</\x80>");
+    EXPECT_EQ(document->name, u"\u20ac");
 }
 
 TEST_F(xmlParseBuffer, aUtf16MarkAloneIsAnEmptyDocument)

@@ -91,6 +91,13 @@ public:
     }
 
     [[nodiscard]] T* get() const { return m_p; }
+    // Takes over a reference that is counted already.
+    static refptr attach(T* counted)
+    {
+        refptr taken;
+        taken.m_p = counted;
+        return taken;
+    }
     // Gives the counted reference to the caller.
     [[nodiscard]] T* detach() { return std::exchange(m_p, nullptr); }
     T& operator*() const { return *checked(); }

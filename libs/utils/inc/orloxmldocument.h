@@ -3,11 +3,11 @@
 
 #include "orlobytebuffer.h"
 #include "orlofile.h"
+#include "orloxmlencoding.h"
 #include "orloxmlnode.h"
 
 #include <cstddef>
 #include <cstdint>
-#include <string>
 
 namespace orlo {
 
@@ -39,9 +39,5 @@ public:
     // Replaces `out` by the declaration line.
     static void writeDeclaration(string& out, xmlEncoding encoding);
 };
-
-// Finds `encoding="name"` in the declaration at the start of a document; false if there is
-// none. The name loses what the small scanner drops; "utf-8" and "utf-16" come out whole.
-bool findDeclaredEncoding(const void* bytes, std::size_t length, std::string& encoding);
 
 } // namespace orlo

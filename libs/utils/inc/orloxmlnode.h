@@ -3,16 +3,27 @@
 
 #include "orlorefptr.h"
 #include "orlostring.h"
+#include "orloxmlentities.h"
 
 #include <cstddef>
+#include <cstdint>
 #include <utility>
 #include <vector>
 
 namespace orlo {
 
+class slotBlocks;
+
+namespace detail {
+template <class Node, class Source>
+class treeReader;
+}
+
 // One element. All values are plain text in memory, without entity forms. A parent counts
 // references to its children; `parent` is not counted. The tree has no lock.
 class xmlNode : public refObj {
+    std::uint32_t m_slot = 0; // in a block of nodes; 0 for a node with memory of its own
+
 public:
     using attribute = std::pair<string, string>; // name, value
 
@@ -54,16 +65,13 @@ public:
     ~xmlNode() override;
 
 private:
+    template <class Node, class Source>
+    friend class detail::treeReader;
+
+    // A new node in memory that many share.
+    static xmlNode* createIn(slotBlocks& blocks);
     void releaseAllBelow() noexcept;
     void releaseChildren(xmlNode*& waiting) noexcept;
 };
-
-// Turns the five named entities and "&#x" with one to three hexadecimal digits into their
-// characters, again and again until nothing changes, so that all levels of escaping
-// collapse. Does not end on a "&#x" that no ";" closes within three digits.
-void decodeEntities(string& text);
-
-// Turns & ' " < > into their named entities.
-void encodeEntities(string& text);
 
 } // namespace orlo

@@ -4,15 +4,18 @@
 #include "orloexception.h"
 #include "platform/platform.h"
 #include "xml/xmlencoding.h"
-#include "xml/xmlparser.h"
-#include "xml/xmlwriter.h"
+#include "xml/xmlreader.h"
+#include "xml/xmlsource.h"
 
 #include <algorithm>
 #include <array>
+#include <cstring>
 #include <memory>
+#include <new>
+#include <numeric>
+#include <span>
 #include <string>
 #include <string_view>
-#include <vector>
 
 namespace orlo {
 
@@ -38,82 +41,98 @@ fileContent readWhole(const file& source, std::int32_t size)
     }
 }
 
-// Bytes that are written in place and never move, as they are many.
-class byteChunks {
-public:
-    // Room for `count` bytes at the end; `keep` tells how many of them are written.
-    char* room(std::size_t count)
-    {
-        if (m_chunks.empty() || chunkBytes - m_chunks.back()->used < count)
-            m_chunks.push_back(std::make_unique_for_overwrite<chunk>());
-        return m_chunks.back()->bytes.data() + m_chunks.back()->used;
-    }
-    void keep(std::size_t count)
-    {
-        m_chunks.back()->used += count;
-        m_size += count;
-    }
-    [[nodiscard]] std::size_t size() const { return m_size; }
-    void appendTo(byteBuffer& out) const
-    {
-        for (const auto& each : m_chunks) out.append(each->bytes.data(), each->used);
-    }
-
-private:
-    static constexpr std::size_t chunkBytes = 16384;
-    struct chunk {
-        std::size_t used = 0;
-        std::array<char, chunkBytes> bytes;
-    };
-
-    std::vector<std::unique_ptr<chunk>> m_chunks;
-    std::size_t m_size = 0;
-};
-
-// Each piece is encoded by itself, so a surrogate pair across the border of two pieces
-// becomes two lone halves, and a zero unit drops the rest of its piece.
-constexpr std::size_t pieceUnits = 256;
-constexpr std::size_t pieceBytes = 3 * pieceUnits;
-static_assert(textBlocks::blockUnits % pieceUnits == 0);
-
-void encodePiece(byteChunks& out, std::u16string_view units)
-{
-    char* const bytes = out.room(pieceBytes);
-    const std::size_t length = platform::encodeUtf8(units.data(), units.size(), bytes);
-    if (length == 0) throw false;
-    out.keep(std::min(std::string_view(bytes, length).find('\0'), length));
-}
-
-// Encodes the document block by block while it is written: its whole text would go through
-// memory twice.
-void writeUtf8(byteBuffer& out, const xmlDocument& document)
-{
-    std::size_t units = 0;
-    byteChunks bytes;
-    textBlocks blocks([&](std::u16string_view block) {
-        units += block.size();
-        for (std::size_t at = 0; at < block.size(); at += pieceUnits)
-            encodePiece(bytes, block.substr(at, pieceUnits));
-    });
-    string declaration;
-    xmlDocument::writeDeclaration(declaration, xmlEncoding::utf8);
-    blocks.put(declaration);
-    writeTree(document, blocks, string::emptyString());
-    blocks.finish();
-
-    out.reserve(out.size() + std::max(units + units / 2, utf8Mark.size() + bytes.size()));
-    out.append(utf8Mark.data(), utf8Mark.size());
-    bytes.appendTo(out);
-}
-
-void writeUnits(byteBuffer& out, const xmlDocument& document, xmlEncoding encoding)
+// The document as one text.
+string textOf(const xmlDocument& document, xmlEncoding encoding)
 {
     constexpr std::size_t declarationRoom = 40;
     string text;
     text.reserve(document.estimateSize(0) + declarationRoom);
     xmlDocument::writeDeclaration(text, encoding);
     document.writeNode(text, string::emptyString());
-    out.append(text.c_str(), (text.size() + 1) * sizeof(char16_t));
+    return text;
+}
+
+// Each piece is encoded by itself, so a surrogate pair across the border of two pieces becomes two
+// lone halves, and a zero unit drops the rest of its piece.
+void appendUtf8(byteBuffer& out, std::u16string_view text)
+{
+    constexpr std::size_t pieceUnits = 256;
+    std::array<char, 3 * pieceUnits> bytes;
+    for (; !text.empty(); text.remove_prefix(std::min(text.size(), pieceUnits))) {
+        const std::u16string_view piece = text.substr(0, pieceUnits);
+        const std::size_t length = platform::encodeUtf8(piece.data(), piece.size(), bytes.data());
+        if (length == 0) throw false;
+        out.append(bytes.data(),
+                   std::min(std::string_view(bytes.data(), length).find('\0'), length));
+    }
+}
+
+// --- Reading -------------------------------------------------------------------------------
+
+using byteSpan = std::span<const unsigned char>;
+
+void readBytes(xmlDocument& document, byteSpan bytes, const byteUnits* table, bool keepWhitespace)
+{
+    const byteText text(bytes.data(), bytes.size(), table);
+    detail::readTree<xmlNode>(document, text, bytes.data(), keepWhitespace);
+}
+
+void readUtf8(xmlDocument& document, byteSpan bytes, bool keepWhitespace)
+{
+    if (bytes.empty()) throw false;
+    readBytes(document, bytes, nullptr, keepWhitespace);
+}
+
+std::unique_ptr<char16_t[]> newUnits(std::size_t count)
+{
+    std::unique_ptr<char16_t[]> units(new (std::nothrow) char16_t[count]);
+    if (!units) throw outOfMemoryException();
+    return units;
+}
+
+// Bytes that are units already. Half a unit at the end is filled up by a zero byte.
+void readUnits(xmlDocument& document, byteSpan bytes, bool keepWhitespace)
+{
+    const std::size_t whole = bytes.size() / sizeof(char16_t);
+    const auto units = newUnits(whole + 2);
+    units[whole] = 0;
+    units[whole + 1] = 0;
+    if (!bytes.empty()) std::memcpy(units.get(), bytes.data(), bytes.size());
+    document.parseText(units.get(), keepWhitespace, nullptr);
+}
+
+std::size_t decodeAnsi(byteSpan bytes, char16_t* units)
+{
+    const std::size_t count =
+        platform::decode(platform::encoding::ansi, bytes.data(), bytes.size(), units);
+    if (count == 0) throw false;
+    return count;
+}
+
+// Asks the system what each byte stands for. False if some of them need others beside them, or
+// if the lower half is not ASCII.
+bool querySingleBytes(byteUnits& units)
+{
+    constexpr char16_t replacement = 0xFFFD;
+    std::array<unsigned char, 255> bytes;
+    std::iota(bytes.begin(), bytes.end(), static_cast<unsigned char>(1));
+    units[0] = 0;
+    if (decodeAnsi(bytes, &units[1]) != bytes.size()) return false;
+    for (char16_t unit = 0; unit < 0x80; ++unit)
+        if (units[unit] != unit) return false;
+    return std::find(units.begin(), units.end(), replacement) == units.end();
+}
+
+void readAnsi(xmlDocument& document, byteSpan bytes, bool keepWhitespace)
+{
+    byteUnits table;
+    if (querySingleBytes(table)) {
+        readBytes(document, bytes, &table, keepWhitespace);
+        return;
+    }
+    const auto units = newUnits(bytes.size() + 1);
+    units[decodeAnsi(bytes, units.get())] = 0;
+    document.parseText(units.get(), keepWhitespace, nullptr);
 }
 
 } // namespace
@@ -127,11 +146,9 @@ void xmlDocument::load(const file& source, bool keepWhitespace)
 {
     const std::int32_t size = existingSize(source);
     if (size == 0) return;
-    fileContent content = readWhole(source, size);
+    const fileContent content = readWhole(source, size);
     try {
-        const documentText document = decodeDocument(content.bytes.get(), content.size);
-        content.bytes.reset(); // the tree needs the room
-        readTree(*this, document.units.get(), document.length, keepWhitespace);
+        parseBuffer(content.bytes.get(), content.size, keepWhitespace);
     } catch (const unexpectedErrorException&) {
         throw invalidXmlException(source);
     }
@@ -140,8 +157,14 @@ void xmlDocument::load(const file& source, bool keepWhitespace)
 void xmlDocument::parseBuffer(const void* bytes, std::size_t length, bool keepWhitespace)
 {
     if (bytes == nullptr) return;
-    const documentText document = decodeDocument(static_cast<const unsigned char*>(bytes), length);
-    readTree(*this, document.units.get(), document.length, keepWhitespace);
+    const documentForm found = formOf({static_cast<const char*>(bytes), length});
+    const auto* const first = static_cast<const unsigned char*>(bytes) + found.start;
+    const byteSpan content(first, length - found.start);
+    switch (found.form) {
+    case textForm::utf8: return readUtf8(*this, content, keepWhitespace);
+    case textForm::ansi: return readAnsi(*this, content, keepWhitespace);
+    case textForm::units: return readUnits(*this, content, keepWhitespace);
+    }
 }
 
 void xmlDocument::save(const file& target, xmlEncoding encoding) const
@@ -156,10 +179,14 @@ void xmlDocument::save(const file& target, xmlEncoding encoding) const
 
 void xmlDocument::writeBuffer(byteBuffer& out, xmlEncoding encoding) const
 {
-    if (encoding == xmlEncoding::utf8)
-        writeUtf8(out, *this);
-    else
-        writeUnits(out, *this, encoding);
+    const string whole = textOf(*this, encoding);
+    if (encoding == xmlEncoding::utf8) {
+        out.reserve(out.size() + whole.size() + whole.size() / 2);
+        out.append(utf8Mark.data(), utf8Mark.size());
+        appendUtf8(out, whole);
+    } else {
+        out.append(whole.c_str(), (whole.size() + 1) * sizeof(char16_t));
+    }
 }
 
 void xmlDocument::writeDeclaration(string& out, xmlEncoding encoding)

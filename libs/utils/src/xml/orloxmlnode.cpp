@@ -1,6 +1,13 @@
 #include "orloxmlnode.h"
 
+#include "xml/slotblocks.h"
+#include "xml/xmlreader.h"
+#include "xml/xmlsource.h"
+#include "xml/xmlwriter.h"
+
 #include <algorithm>
+#include <new>
+#include <utility>
 
 namespace orlo {
 
@@ -84,9 +91,43 @@ void xmlNode::setAttribute(const string& wanted, const string& value)
         found->second = value;
 }
 
+// The buffer of the caller is not needed: short texts need no memory of their own.
+const char16_t* xmlNode::parseText(const char16_t* source, bool keepWhitespace,
+                                   char16_t* /*scratch*/)
+{
+    if (source == nullptr)
+        throw unexpectedErrorException(u"xmlNode::parseText: NULL specified for pText");
+    return detail::readTree(*this, terminatedText(), source, keepWhitespace);
+}
+
+void xmlNode::writeNode(string& out, const string& indent) const
+{
+    detail::writeTree(*this, out, indent);
+}
+
+std::size_t xmlNode::estimateSize(std::size_t width) const
+{
+    return detail::estimateTree(*this, width);
+}
+
+// Only the reader makes nodes in blocks, and only of this very class.
+xmlNode* xmlNode::createIn(slotBlocks& blocks)
+{
+    const slotBlocks::slot slot = blocks.take();
+    auto* const node = new (slot.memory) xmlNode;
+    node->m_slot = slot.number;
+    return node;
+}
+
 void xmlNode::deleteThis()
 {
-    delete this;
+    if (m_slot == 0) {
+        delete this;
+        return;
+    }
+    const slotBlocks::slot slot{this, m_slot};
+    xmlNode::~xmlNode();
+    slotBlocks::giveBack(slot, sizeof(xmlNode));
 }
 
 // A tree may be deeper than the call stack, so nodes with children do not die inside each other:

@@ -1,173 +1,37 @@
 #include "xml/xmlencoding.h"
 
 #include "files/filecontent.h"
-#include "orloexception.h"
 #include "orlounit.h"
-#include "orloxmldocument.h"
-#include "platform/platform.h"
+#include "orloxmlencoding.h"
 
 #include <algorithm>
-#include <array>
-#include <cstring>
-#include <new>
 #include <string>
-#include <string_view>
 
 namespace orlo {
 
 namespace {
-
-bool beginsWith(const unsigned char* bytes, std::size_t length, std::string_view mark)
-{
-    return length >= mark.size() && std::memcmp(bytes, mark.data(), mark.size()) == 0;
-}
-
-documentText newText(std::size_t room)
-{
-    documentText text{std::unique_ptr<char16_t[]>(new (std::nothrow) char16_t[room])};
-    if (!text.units) throw outOfMemoryException();
-    platform::expectFilling(text.units.get(), room * sizeof(char16_t));
-    return text;
-}
-
-documentText convertBytes(platform::encoding from, const unsigned char* bytes, std::size_t length)
-{
-    documentText text = newText(length + 1);
-    const std::size_t units = platform::decode(from, bytes, length, text.units.get());
-    if (units == 0) throw false;
-    text.units[units] = 0;
-    // No character set makes a zero of another byte.
-    if (std::memchr(bytes, 0, length) == nullptr) text.length = units;
-    return text;
-}
-
-// Bytes that are units already. Half a unit at the end is filled up by a zero byte.
-documentText copyUnits(const unsigned char* bytes, std::size_t length)
-{
-    const std::size_t whole = length / sizeof(char16_t);
-    documentText text = newText(whole + 2);
-    text.units[whole] = 0;
-    text.units[whole + 1] = 0;
-    if (length != 0) std::memcpy(text.units.get(), bytes, length);
-    return text;
-}
 
 char lowerByte(char byte)
 {
     return static_cast<char>(lowerUnit(static_cast<unsigned char>(byte)));
 }
 
-// Text with a declared encoding is in single bytes, whatever the name says. A declared
-// "utf-16" is copied from the third byte on as if a mark stood there, which leaves an empty
-// document, and a name that is not known stands for the system's character set.
-documentText decodeDeclared(std::string name, const unsigned char* bytes, std::size_t length)
-{
-    std::transform(name.begin(), name.end(), name.begin(), lowerByte);
-    if (name == "utf-8") return convertBytes(platform::encoding::utf8, bytes, length);
-    if (name == "utf-16") return copyUnits(bytes + utf16Mark.size(), length - utf16Mark.size());
-    return convertBytes(platform::encoding::ansi, bytes, length);
-}
-
-// Collects the word `encoding=` and then its value from the bytes of a declaration. It knows
-// no grammar: a word is a run of the letters of "encoding=" that begins with an "e", and an
-// "e" inside the value begins one too, so that other names come out damaged. Only "utf-8" and
-// "utf-16" matter, and they have none.
-class declarationScanner {
-public:
-    // False when the value is complete.
-    bool take(unsigned char byte);
-    [[nodiscard]] bool hasValue() const { return m_inValue; }
-    [[nodiscard]] std::string value() const
-    {
-        return {m_buffer.begin(), std::find(m_buffer.begin(), m_buffer.end(), '\0')};
-    }
-
-private:
-    void store(unsigned char byte);
-    void endWord(unsigned char byte);
-    bool endValue();
-
-    std::array<char, 128> m_buffer{};
-    std::size_t m_written = 0;
-    bool m_inWord = false;
-    bool m_inValue = false;
-};
-
-bool isLetterOfWord(char lower)
-{
-    return std::string_view("=cdgino").find(lower) != std::string_view::npos;
-}
-
-bool declarationScanner::take(unsigned char byte)
-{
-    const char lower = lowerByte(static_cast<char>(byte));
-    if (lower == 'e') {
-        m_inWord = true;
-        store(byte);
-    } else if (m_inWord && isLetterOfWord(lower)) {
-        store(byte);
-    } else if (m_inWord) {
-        endWord(byte);
-    } else if (m_inValue) {
-        if (byte == '"') return endValue();
-        store(byte);
-    }
-    return true;
-}
-
-void declarationScanner::store(unsigned char byte)
-{
-    if (m_written < m_buffer.size()) m_buffer[m_written++] = static_cast<char>(byte);
-}
-
-// The buffer keeps what it held: the next word is written over it.
-void declarationScanner::endWord(unsigned char byte)
-{
-    m_inWord = false;
-    m_written = 0;
-    std::string word = value();
-    std::transform(word.begin(), word.end(), word.begin(), lowerByte);
-    if (byte != '"' || word != "encoding=") return;
-    m_inValue = true;
-    m_buffer.fill('\0');
-}
-
-// A value that fills the buffer has always ended the process at its closing quote.
-bool declarationScanner::endValue()
-{
-    if (m_written == m_buffer.size()) platform::endAbnormally();
-    return false;
-}
-
 } // namespace
 
-bool findDeclaredEncoding(const void* bytes, std::size_t length, std::string& encoding)
+// Text with a declared encoding is in single bytes, whatever the name says. A declared "utf-16" is
+// taken from the third byte on as if a mark stood there, which leaves an empty document, and a name
+// that is not known stands for the system's character set.
+documentForm formOf(std::string_view bytes)
 {
-    const std::string_view text(static_cast<const char*>(bytes), length);
-    if (length < 3 || !text.starts_with("<?")) return false;
-
-    declarationScanner scanner;
-    for (std::size_t at = 2; at < length; ++at) {
-        if (text.substr(at, 2) == "?>") break;
-        if (!scanner.take(static_cast<unsigned char>(text[at]))) break;
-    }
-    if (!scanner.hasValue()) return false;
-    encoding = scanner.value();
-    return true;
-}
-
-documentText decodeDocument(const unsigned char* bytes, std::size_t length)
-{
-    if (beginsWith(bytes, length, utf8Mark))
-        return convertBytes(platform::encoding::utf8, bytes + utf8Mark.size(),
-                            length - utf8Mark.size());
-    if (beginsWith(bytes, length, utf16Mark))
-        return copyUnits(bytes + utf16Mark.size(), length - utf16Mark.size());
+    if (bytes.starts_with(utf8Mark)) return {textForm::utf8, utf8Mark.size()};
+    if (bytes.starts_with(utf16Mark)) return {textForm::units, utf16Mark.size()};
 
     std::string declared;
-    if (findDeclaredEncoding(bytes, length, declared) && !declared.empty())
-        return decodeDeclared(declared, bytes, length);
-    return convertBytes(platform::encoding::utf8, bytes, length);
+    findDeclaredEncoding(bytes.data(), bytes.size(), declared);
+    std::transform(declared.begin(), declared.end(), declared.begin(), lowerByte);
+    if (declared.empty() || declared == "utf-8") return {textForm::utf8, 0};
+    if (declared == "utf-16") return {textForm::units, utf16Mark.size()};
+    return {textForm::ansi, 0};
 }
 
 } // namespace orlo

@@ -1,18 +1,23 @@
-// From the bytes of a document to its text.
+// How the bytes of a document are to be taken.
 #pragma once
 
 #include <cstddef>
-#include <memory>
+#include <string_view>
 
 namespace orlo {
 
-struct documentText {
-    std::unique_ptr<char16_t[]> units; // zero-terminated
-    std::size_t length = 0;            // of the part that surely has no zero
+enum class textForm {
+    utf8,
+    ansi,  // the system's single-byte character set
+    units, // in the order of the machine
 };
 
-// The zero-terminated text of a document, in the encoding that its mark or its declaration
-// tells. Throws outOfMemoryException, and the plain bool false where no text comes out.
-documentText decodeDocument(const unsigned char* bytes, std::size_t length);
+struct documentForm {
+    textForm form;
+    std::size_t start; // of the text, behind the mark
+};
+
+// By the mark, else by the declared encoding.
+documentForm formOf(std::string_view bytes);
 
 } // namespace orlo
