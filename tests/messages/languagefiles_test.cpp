@@ -7,9 +7,12 @@
 #include "support/languagefile.h"
 
 #include <algorithm>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <set>
+#include <string>
+#include <vector>
 
 using orlo::file;
 using orlo::languageTable;
@@ -21,8 +24,22 @@ using orlo::tests::languageTest;
 
 namespace {
 
-const char* const languages[] = {"english", "german", "french",   "italian", "spanish",
-                                 "polish",  "czech",  "japanese", "chinese"};
+// Under Windows the sources may lie on another drive than the current one.
+std::filesystem::path languageFolder()
+{
+    const std::filesystem::path folder = ORLO_LANGUAGE_FOLDER;
+    return exists(folder) ? folder : std::filesystem::path("Z:" + folder.string());
+}
+
+// Each folder is a language.
+std::vector<std::string> languages()
+{
+    std::vector<std::string> names;
+    for (const auto& entry : std::filesystem::directory_iterator(languageFolder()))
+        names.push_back(entry.path().filename().string());
+    std::sort(names.begin(), names.end());
+    return names;
+}
 
 // Every text of the program, with the text that it has without a language file.
 const struct {
@@ -46,16 +63,12 @@ const struct {
     {u"Msg_EInvalidXml", u"File [File] is not a valid XML-file!"},
 };
 
-// Under Windows the sources may lie on another drive than the current one.
 std::string readFromSources(const std::string& language)
 {
-    const std::string path = std::string(ORLO_LANGUAGE_FOLDER) + "/" + language + "/language.loc";
-    for (const std::string& place : {path, "Z:" + path}) {
-        std::ifstream in(place, std::ios::binary);
-        if (in) return {std::istreambuf_iterator<char>(in), {}};
-    }
-    ADD_FAILURE() << path << " can't be opened";
-    return {};
+    const std::filesystem::path path = languageFolder() / language / "language.loc";
+    std::ifstream in(path, std::ios::binary);
+    if (!in) ADD_FAILURE() << path << " can't be opened";
+    return {std::istreambuf_iterator<char>(in), {}};
 }
 
 string pathOf(const std::string& language)
@@ -72,12 +85,12 @@ std::multiset<string> placesOf(const string& text)
     return places;
 }
 
-class languageFiles : public languageTest, public ::testing::WithParamInterface<const char*> {
+class languageFiles : public languageTest, public ::testing::WithParamInterface<std::string> {
 protected:
     languageFiles() : bytes(readFromSources(GetParam()))
     {
         addLanguageBytes(pathOf(GetParam()), bytes);
-        languageTable::instance().setLanguage(string(GetParam()).c_str());
+        languageTable::instance().setLanguage(string(GetParam().c_str()).c_str());
     }
 
     // The text of a key as it stands in the file.
@@ -91,8 +104,8 @@ protected:
     std::string bytes;
 };
 
-INSTANTIATE_TEST_SUITE_P(each, languageFiles, ::testing::ValuesIn(languages),
-                         [](const auto& row) { return std::string(row.param); });
+INSTANTIATE_TEST_SUITE_P(each, languageFiles, ::testing::ValuesIn(languages()),
+                         [](const auto& row) { return row.param; });
 
 } // namespace
 
@@ -145,7 +158,7 @@ TEST_P(languageFiles, haveTheTitleUntranslated)
 
 TEST_P(languageFiles, haveTextsOfTheirOwn)
 {
-    if (std::string(GetParam()) == "english") return;
+    if (GetParam() == "english") return;
     for (const auto& row : texts) {
         const bool title = string(row.key) == u"brx_msgTitle";
         EXPECT_EQ(rawText(row.key) == string(row.text), title) << orlo::narrow(row.key);
