@@ -1,5 +1,6 @@
 #include "orlogeopoint.h"
 
+#include "support/refusal.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
@@ -13,22 +14,11 @@ namespace {
 
 using namespace orloGeo;
 using orlo::string;
+using orlo::tests::refuses;
 using orlo::typeconvert::convert;
 
 constexpr double nan = std::numeric_limits<double>::quiet_NaN();
 constexpr double infinite = std::numeric_limits<double>::infinity();
-
-// True if the call throws the plain bool false.
-template <class Call>
-bool refuses(Call call)
-{
-    try {
-        call();
-    } catch (bool refusal) {
-        return !refusal;
-    }
-    return false;
-}
 
 // --- Nearness and arithmetic ---------------------------------------------------------------
 

@@ -1,6 +1,6 @@
 """The entry: the common switches, the choice of the command, the report of an unknown one."""
 
-from toolcase import ToolCase, expected
+from toolcase import ToolCase
 
 
 def unknown(word):
@@ -106,12 +106,10 @@ class Entry(ToolCase):
     def test_the_name_of_the_program_is_no_switch(self):
         if self.machine.name != "linux":
             self.skipTest("the name of a started program can't be chosen")
-        self.assert_run([], 0, [unknown("")], tool="-cmd:slistat", executable=self.machine.tool)
-
-    def test_the_exit_code_is_that_of_the_command(self):
-        self.fill(self.slicing, "P1.xml")
-        self.assert_run(self.slistat("ended_success"), 1)
-        self.assert_run(self.slistat("started"), 0)
-        self.assert_run(self.getncs(), 1)
-        self.assert_result(expected("infoNotFound", platform="P1"))
-        self.assert_run(self.getncs("-zoffset:"), 0, ['Error parsing zoffset value "" '])
+        rows = [
+            ("-cmd:slistat", [], [unknown("")]),
+            ("-debug", ["-cmd:slistat", "-stat:x"], []),
+        ]
+        for name, switches, boxes in rows:
+            with self.row(name):
+                self.assert_run(switches, 0, boxes, tool=name, executable=self.machine.tool)

@@ -1,6 +1,7 @@
 #include "platformframe.h"
 
 #include "support/platforms.h"
+#include "support/refusal.h"
 
 #include <gtest/gtest.h>
 
@@ -10,6 +11,7 @@
 using namespace orloGeo;
 using namespace taven;
 using namespace taven::tests;
+using orlo::tests::refuses;
 
 namespace {
 
@@ -19,16 +21,6 @@ void expectFrame(const frameText& found, const frameText& expected)
     EXPECT_EQ(found.x, expected.x);
     EXPECT_EQ(found.y, expected.y);
     EXPECT_EQ(found.z, expected.z);
-}
-
-void expectRefusal(const fourPoints& points, double zoffset, const std::string& why)
-{
-    try {
-        calculatePlatformFrame(points, zoffset);
-        ADD_FAILURE() << why;
-    } catch (bool refused) {
-        EXPECT_FALSE(refused) << why;
-    }
 }
 
 platformFrame frameOf(const frameExample& example)
@@ -180,12 +172,14 @@ TEST(platformFrame, refusesPointsThatGiveNone)
         {"NaN in z",
          {point3d(0, 10, 0), point3d(20, 10, 0), point3d(20, 0, nan), point3d(0, 0, 0)}},
     };
-    for (const auto& row : rows) expectRefusal(row.given, 0, row.why);
+    for (const auto& row : rows)
+        EXPECT_TRUE(refuses([&] { calculatePlatformFrame(row.given, 0); })) << row.why;
 }
 
 TEST(platformFrame, refusesAnOffsetWithoutBounds)
 {
     constexpr double infinite = std::numeric_limits<double>::infinity();
     for (const double zoffset : {infinite, -infinite, std::numeric_limits<double>::quiet_NaN()})
-        expectRefusal(workedExample.points, zoffset, std::to_string(zoffset));
+        EXPECT_TRUE(refuses([&] { calculatePlatformFrame(workedExample.points, zoffset); }))
+            << zoffset;
 }
