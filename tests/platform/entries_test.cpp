@@ -1,6 +1,6 @@
 #include "platform/platform.h"
 
-#include "platform/tempfolder.h"
+#include "support/tempfolder.h"
 
 using namespace orlo;
 using namespace orlo::tests;

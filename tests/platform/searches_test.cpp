@@ -1,7 +1,7 @@
 #include "orlodirectory.h"
 #include "platform/platform.h"
 
-#include "platform/tempfolder.h"
+#include "support/tempfolder.h"
 
 #include <map>
 #include <set>

@@ -4,7 +4,7 @@
 #include "platform/platform.h"
 
 #include "platform/posix/nativetext.h"
-#include "platform/tempfolder.h"
+#include "support/tempfolder.h"
 
 #include <fcntl.h>
 #include <sys/stat.h>

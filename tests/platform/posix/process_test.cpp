@@ -1,7 +1,7 @@
 // What a process shows and how it ends, seen from a parent.
 #include "platform/platform.h"
 
-#include "platform/tempfolder.h"
+#include "support/tempfolder.h"
 
 #include <csignal>
 #include <cstdlib>

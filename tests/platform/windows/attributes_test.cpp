@@ -1,7 +1,7 @@
 // What only this system's own attributes and process states can show.
 #include "platform/platform.h"
 
-#include "platform/tempfolder.h"
+#include "support/tempfolder.h"
 #include "platform/windows/system.h"
 #include "platform/windows/wide.h"
 
