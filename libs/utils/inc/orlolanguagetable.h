@@ -17,7 +17,8 @@ public:
     using listener = void (*)(const char16_t* oldLanguage, const char16_t* newLanguage);
 
     static languageTable& instance();
-    ~languageTable() = delete;
+    languageTable(const languageTable&) = delete;
+    languageTable& operator=(const languageTable&) = delete;
 
     // The language from now on, taken as written; null counts as the empty text. Listeners are
     // told of a change, under the lock. No file is read.

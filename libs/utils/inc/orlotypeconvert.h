@@ -140,8 +140,7 @@ private:
     using converterKey = std::uint32_t;
     using converterMap = std::multimap<converterKey, const typeConverterBase*>;
 
-    typeConverterRegistry() = default;
-    static typeConverterRegistry* makeInstance();
+    typeConverterRegistry();
     static converterKey keyOf(const std::type_info& type);
     void registerAll(converterList converters);
     const typeConverterBase* findDirect(const std::type_info& from, const std::type_info& to) const;

@@ -1,10 +1,10 @@
 #include "orlotypeconvert.h"
 
 #include "orlocrc32.h"
+#include "text/immortal.h"
 
 #include <algorithm>
 #include <cstring>
-#include <memory>
 #include <utility>
 
 namespace orlo::typeconvert {
@@ -36,18 +36,17 @@ converterGroup::~converterGroup()
 
 typeConverterRegistry& typeConverterRegistry::instance()
 {
-    static typeConverterRegistry& only = *makeInstance();
-    return only;
+    static immortal<typeConverterRegistry> only([] { return typeConverterRegistry(); });
+    return only.get();
 }
 
 // The groups go on waiting if the memory does not suffice for all of them.
-typeConverterRegistry* typeConverterRegistry::makeInstance()
+typeConverterRegistry::typeConverterRegistry()
 {
-    std::unique_ptr<typeConverterRegistry> made(new typeConverterRegistry);
     for (const converterGroup* group = s_pending; group != nullptr; group = group->m_next)
-        made->registerAll(group->m_converters);
+        registerAll(group->m_converters);
     s_pending = nullptr;
-    return s_instance = made.release();
+    s_instance = this;
 }
 
 typeConverterRegistry::converterKey typeConverterRegistry::keyOf(const std::type_info& type)

@@ -8,9 +8,9 @@
 #include "orlosearchpath.h"
 #include "orlostringtemplate.h"
 #include "orlounit.h"
+#include "text/immortal.h"
 
 #include <algorithm>
-#include <cstddef>
 #include <new>
 #include <set>
 #include <utility>
@@ -120,10 +120,8 @@ locFile& languageTable::record::cached(const file& found)
 
 languageTable& languageTable::instance()
 {
-    // In memory of its own, since it must outlive everything that may still ask for a text.
-    alignas(languageTable) static std::byte memory[sizeof(languageTable)];
-    static auto* const table = new (memory) languageTable;
-    return *table;
+    static immortal<languageTable> table([] { return languageTable(); });
+    return table.get();
 }
 
 languageTable::languageTable() : m_record(new (std::nothrow) record) {}

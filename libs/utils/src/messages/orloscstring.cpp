@@ -2,6 +2,7 @@
 
 #include "orlomutex.h"
 #include "orloreport.h"
+#include "text/immortal.h"
 
 #include <functional>
 #include <map>
@@ -32,9 +33,8 @@ struct textPool {
 
 textPool& textPool::instance()
 {
-    static auto* const shared = new (std::nothrow) textPool;
-    if (!shared) throw false;
-    return *shared;
+    static immortal<textPool> shared([] { return textPool(); });
+    return shared.get();
 }
 
 const string* textPool::intern(std::u16string_view text)

@@ -2,11 +2,11 @@
 
 #include "orlotextformat.h"
 #include "orlounit.h"
+#include "text/immortal.h"
 
 #include <algorithm>
 #include <cstddef>
 #include <cstring>
-#include <new>
 #include <stdexcept>
 
 namespace orlo {
@@ -127,10 +127,8 @@ string& string::setNumber(double value)
 
 const string& string::emptyString()
 {
-    // Never destroyed, so that it serves to the last of the destructors at exit.
-    alignas(string) static std::byte room[sizeof(string)];
-    static const string& shared = *new (room) string;
-    return shared;
+    static immortal<const string> shared([] { return string(); });
+    return shared.get();
 }
 
 string& string::insert(std::size_t position, std::u16string_view inserted)
