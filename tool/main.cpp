@@ -1,5 +1,6 @@
 #include "commands.h"
 #include "orloentry.h"
+#include "orlologger.h" // makes the loggers of the process
 
 int runEntry(int argumentCount, const char16_t* const* arguments)
 {

@@ -61,6 +61,20 @@ TEST(logger, countsFromBothSidesAlike)
     EXPECT_EQ(made->getRefCount(), 1u);
 }
 
+// No way leads from a virtual base down without a look at the object.
+template <class Base>
+constexpr bool isPlainBase = requires(Base* base)
+{
+    static_cast<logger*>(base);
+};
+
+TEST(logger, hasTheCountedObjectAsAVirtualBase)
+{
+    EXPECT_TRUE((std::is_base_of_v<orlo::refObj, logger>));
+    EXPECT_FALSE(isPlainBase<orlo::refObj>);
+    EXPECT_TRUE(isPlainBase<orlo::iRefObj>);
+}
+
 TEST(logger, goesWithItsLastReferenceOfEitherSide)
 {
     bool gone = false;

@@ -30,12 +30,12 @@ private:
     bool m_flag;
 };
 
-// The loggers of every process, made before the program's entry: one without a name, and the
-// one named "root".
-extern orlo::refptr<logger> unnamedLogger;
-extern orlo::refptr<logger> rootLogger;
+// The loggers of every program that includes this header, however the library is linked, made
+// before the program's entry: one without a name, and the one named "root".
+inline orlo::refptr<logger> unnamedLogger = logger::create(orlo::string(), false, 0);
+inline orlo::refptr<logger> rootLogger = logger::create(u"root", false, 0);
 
 // What a line of a log would look like; nothing reads it yet.
-extern const orlo::string defaultLineFormat;
+inline const orlo::string defaultLineFormat(u"<%s> [PID %p] [TID %t] (%l) {%f, L %r, %c} - %m %o");
 
 } // namespace orlolog
