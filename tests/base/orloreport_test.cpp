@@ -1,11 +1,13 @@
 #include "orloreport.h"
 
+#include "support/allocations.h"
 #include "support/machine.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
 using namespace orlo;
+using orlo::tests::allocationFault;
 using orlo::tests::machine;
 
 namespace {
@@ -147,6 +149,41 @@ TEST_F(ownerWindowTest, isNoneIfTheEnumerationFails)
     here.windows = {{ownProcess, nullptr, handle(9)}};
     here.failCall("enumerateWindows", 1);
     EXPECT_EQ(findOwnerWindow(), nullptr);
+}
+
+TEST_F(ownerWindowTest, isTheFirstOfTheListAsFarAsTheEnumerationCame)
+{
+    here.windows = {{otherProcess, nullptr, handle(7)},
+                    {ownProcess, nullptr, handle(8)},
+                    {ownProcess, nullptr, handle(9)}};
+    here.windowsUntilFailure = 2;
+    EXPECT_EQ(findOwnerWindow(), handle(8));
+}
+
+TEST_F(ownerWindowTest, isLookedForBehindANullWindowThatIsNotAsked)
+{
+    here.windows = {{ownProcess, nullptr, handle(8), true}, {ownProcess, nullptr, handle(9)}};
+    EXPECT_EQ(findOwnerWindow(), handle(9));
+    EXPECT_EQ(here.countCalls("windowProcess"), 1u);
+}
+
+TEST_F(reportTest, isShownAlsoWithoutMemory)
+{
+    here.windows = {{ownProcess, nullptr, handle(9)}};
+    {
+        const allocationFault fault(1, allocationFault::lasting::forGood);
+        reportMessage(u"%s, line %d, %g", u"C:\\a file with a rather long name.xml", 12, 0.5);
+    }
+    EXPECT_EQ(shown(), string(u"C:\\a file with a rather long name.xml, line 12, 0.5"));
+}
+
+TEST_F(assertionTest, isShownAndThrowsAPlainFalseAlsoWithoutMemory)
+{
+    {
+        const allocationFault fault(1, allocationFault::lasting::forGood);
+        EXPECT_FALSE(thrownByAssertion(u"m_p != NULL", u"libs/utils/inc/orlorefptr", 315));
+    }
+    EXPECT_TRUE(shown().starts_with(u"Assertion failed:\nm_p != NULL"));
 }
 
 TEST_F(assertionTest, reportsConditionFileAndLineAndThrowsAPlainFalse)

@@ -19,10 +19,6 @@ void reportMessage(const char16_t* format, const Arguments&... arguments)
     const std::array<formatArgument, sizeof...(arguments)> list{formatArgument(arguments)...};
     reportFormatted(format, list);
 }
-inline void reportMessage(const char16_t* format)
-{
-    reportFormatted(format, {});
-}
 
 // The first window of this process without a parent that has an active popup, in the
 // system's order; null if there is none, as for a console program.

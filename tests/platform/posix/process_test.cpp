@@ -1,69 +1,25 @@
 // What a process shows and how it ends, seen from a parent.
 #include "platform/platform.h"
 
+#include "orlorefptr.h"
+#include "orloreport.h"
+#include "support/allocations.h"
+#include "support/posix/apart.h"
 #include "support/tempfolder.h"
 
+#include <atomic>
 #include <csignal>
 #include <cstdlib>
-#include <functional>
+#include <fcntl.h>
 #include <sys/resource.h>
 #include <sys/wait.h>
+#include <thread>
 #include <unistd.h>
 
 using namespace orlo;
 using namespace orlo::tests;
 
 namespace {
-
-struct ending {
-    int status = 0;
-    std::string output; // standard output
-    std::string errors; // standard error
-    std::string unread; // what was left of standard input
-};
-
-std::string drain(int from)
-{
-    std::string all;
-    char block[4096];
-    for (ssize_t got = ::read(from, block, sizeof block); got > 0;
-         got = ::read(from, block, sizeof block)) {
-        all.append(block, static_cast<std::size_t>(got));
-    }
-    ::close(from);
-    return all;
-}
-
-// Runs `work` in a process of its own with `input` on its standard input.
-ending runApart(const std::string& input, const std::function<void()>& work)
-{
-    int in[2];
-    int out[2];
-    int err[2];
-    if (::pipe(in) != 0 || ::pipe(out) != 0 || ::pipe(err) != 0)
-        throw std::runtime_error("no pipe");
-    const pid_t child = ::fork();
-    if (child == 0) {
-        const rlimit noCore = {0, 0};
-        ::setrlimit(RLIMIT_CORE, &noCore);
-        ::dup2(in[0], STDIN_FILENO);
-        ::dup2(out[1], STDOUT_FILENO);
-        ::dup2(err[1], STDERR_FILENO);
-        for (const int end : {in[0], in[1], out[0], out[1], err[0], err[1]}) ::close(end);
-        work();
-        ::_exit(0);
-    }
-    ::close(out[1]);
-    ::close(err[1]);
-    if (::write(in[1], input.data(), input.size()) < 0) throw std::runtime_error("no input");
-    ::close(in[1]);
-    ending end;
-    end.output = drain(out[0]);
-    end.errors = drain(err[0]);
-    ::waitpid(child, &end.status, 0);
-    end.unread = drain(in[0]);
-    return end;
-}
 
 void show(const char16_t* text)
 {
@@ -115,6 +71,194 @@ TEST(messageBoxSystem, comesBackWithoutAnyInput)
     });
     EXPECT_EQ(end.errors, "Velmora\ntext\n");
     EXPECT_EQ(end.status, 0);
+}
+
+namespace {
+
+struct pipeEnds {
+    pipeEnds()
+    {
+        int both[2];
+        if (::pipe(both) != 0) ::_exit(90);
+        out = both[0];
+        in = both[1];
+    }
+    int out;
+    int in;
+};
+
+void setNonBlocking(int end)
+{
+    if (::fcntl(end, F_SETFL, O_NONBLOCK) != 0) ::_exit(91);
+}
+
+// Standard error becomes a pipe that nobody reads.
+void breakErrors()
+{
+    const pipeEnds broken;
+    ::dup2(broken.in, STDERR_FILENO);
+    ::close(broken.in);
+    ::close(broken.out);
+}
+
+bool isPending(int signal)
+{
+    sigset_t pending;
+    return ::sigpending(&pending) == 0 && ::sigismember(&pending, signal) == 1;
+}
+
+void block(int signal)
+{
+    sigset_t blocked;
+    ::sigemptyset(&blocked);
+    ::sigaddset(&blocked, signal);
+    ::sigprocmask(SIG_BLOCK, &blocked, nullptr);
+}
+
+// The standard input of this process, which answers after a while.
+class lateAnswer {
+public:
+    explicit lateAnswer(void (*before)(pthread_t asking))
+    {
+        ::dup2(m_pipe.out, STDIN_FILENO);
+        m_thread = std::thread([this, before, asking = ::pthread_self()] {
+            for (int round = 0; round < 20; ++round) {
+                before(asking);
+                ::usleep(2000);
+            }
+            m_given = true;
+            if (::write(m_pipe.in, "\n", 1) != 1) ::_exit(92);
+        });
+    }
+    ~lateAnswer() { m_thread.join(); }
+    [[nodiscard]] bool isGiven() const { return m_given; }
+
+private:
+    pipeEnds m_pipe;
+    std::atomic<bool> m_given = false;
+    std::thread m_thread;
+};
+
+} // namespace
+
+TEST(messageBoxSystem, isNotNoticedToFailWhereNobodyReadsIt)
+{
+    const ending end = runApart("\n", [] {
+        breakErrors();
+        show(u"unseen");
+        show(u"neither");
+        ::_exit(7);
+    });
+    ASSERT_TRUE(WIFEXITED(end.status)) << WTERMSIG(end.status);
+    EXPECT_EQ(WEXITSTATUS(end.status), 7);
+}
+
+TEST(messageBoxSystem, leavesTheSignalsOfTheProcessAsTheyWere)
+{
+    const ending end = runApart("\n", [] {
+        breakErrors();
+        struct sigaction before;
+        struct sigaction after;
+        ::sigaction(SIGPIPE, nullptr, &before);
+        show(u"unseen");
+        ::sigaction(SIGPIPE, nullptr, &after);
+        sigset_t blocked;
+        ::sigprocmask(SIG_BLOCK, nullptr, &blocked);
+        if (before.sa_handler != after.sa_handler || ::sigismember(&blocked, SIGPIPE) == 1)
+            ::_exit(1);
+        block(SIGPIPE);
+        show(u"unseen");
+        if (isPending(SIGPIPE)) ::_exit(2);
+        ::raise(SIGPIPE);
+        show(u"unseen");
+        if (!isPending(SIGPIPE)) ::_exit(3);
+    });
+    EXPECT_EQ(end.status, 0);
+}
+
+TEST(messageBoxSystem, waitsForAnAnswerAlsoAtAnInputThatDoesNotWait)
+{
+    const ending end = runApart("", [] {
+        const lateAnswer answer([](pthread_t) {});
+        setNonBlocking(STDIN_FILENO);
+        show(u"text");
+        if (!answer.isGiven()) ::_exit(1);
+    });
+    EXPECT_EQ(end.errors, "Velmora\ntext\n");
+    EXPECT_EQ(end.status, 0);
+}
+
+TEST(messageBoxSystem, waitsForAnAnswerAlsoWhenItIsInterrupted)
+{
+    for (const bool waits : {true, false}) {
+        const ending end = runApart("", [waits] {
+            struct sigaction noted {};
+            noted.sa_handler = [](int) {};
+            ::sigaction(SIGUSR1, &noted, nullptr);
+            const lateAnswer answer([](pthread_t asking) { ::pthread_kill(asking, SIGUSR1); });
+            if (!waits) setNonBlocking(STDIN_FILENO);
+            show(u"text");
+            if (!answer.isGiven()) ::_exit(1);
+        });
+        EXPECT_EQ(end.status, 0) << waits;
+    }
+}
+
+TEST(messageBoxSystem, isShownWholeWhereTheOutputDoesNotWait)
+{
+    const ending end = runApart("", [] {
+        const pipeEnds errors;
+        ::dup2(errors.in, STDERR_FILENO);
+        setNonBlocking(errors.in);
+        const std::string full(65536, 'x');
+        const ssize_t filled = ::write(errors.in, full.data(), full.size());
+        if (filled <= 0) ::_exit(1);
+        std::string read(static_cast<std::size_t>(filled) + 13, '\0');
+        std::thread reader([&] {
+            ::usleep(20000);
+            for (std::size_t done = 0; done < read.size();) {
+                const ssize_t got = ::read(errors.out, read.data() + done, read.size() - done);
+                if (got <= 0) ::_exit(2);
+                done += static_cast<std::size_t>(got);
+            }
+        });
+        show(u"text");
+        reader.join();
+        if (!read.ends_with("xVelmora\ntext\n")) ::_exit(3);
+    });
+    EXPECT_EQ(end.status, 0);
+}
+
+TEST(messageBoxSystem, takesNoMemory)
+{
+    const ending end = runApart("", [] {
+        const allocationFault fault(1, allocationFault::lasting::forGood);
+        reportMessage(u"%s: %d", u"a file with a rather long name", 7);
+        try {
+            static_cast<void>(*refptr<refObj>());
+        } catch (bool value) {
+            ::_exit(value ? 1 : 7);
+        }
+    });
+    EXPECT_EQ(end.errors, "Velmora\na file with a rather long name: 7\n"
+                          "Velmora\nAssertion failed:\nm_p != NULL\n\n"
+                          "File: libs/utils/inc/orlorefptr\nLine: 315\n");
+    ASSERT_TRUE(WIFEXITED(end.status));
+    EXPECT_EQ(WEXITSTATUS(end.status), 7);
+}
+
+TEST(messageBoxSystem, showsTheLongestTextWhole)
+{
+    const std::u16string text(platform::longestBoxText, u'\u8A9E');
+    const ending end = runApart("", [&text] { show(text.c_str()); });
+    std::string expected = "Velmora\n";
+    for (std::size_t i = 0; i < text.size(); ++i) expected += "\xE8\xAA\x9E";
+    EXPECT_EQ(end.errors, expected + "\n");
+}
+
+TEST(processSystem, hasTheNumberOfTheProcess)
+{
+    EXPECT_EQ(platform::processId(), static_cast<std::uint32_t>(::getpid()));
 }
 
 TEST(messageBoxSystem, hasNoWindowToBelongTo)

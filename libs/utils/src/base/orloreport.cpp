@@ -9,7 +9,7 @@ namespace orlo {
 
 namespace {
 
-constexpr std::size_t reportRoom = 512;
+constexpr std::size_t reportRoom = platform::longestBoxText + 1;
 constexpr std::size_t assertionRoom = 1024;
 
 // Formats into the whole buffer; a text that is too long is cut.

@@ -1,20 +1,29 @@
 #include "platform/platform.h"
 #include "platform/posix/nativetext.h"
 
-#include <cerrno>
+#include <string_view>
 #include <unistd.h>
 
 namespace orlo::platform {
 
 namespace {
 
+constexpr std::size_t longestTitle = 64;
+constexpr std::size_t bytesOfUnit = 3;
+
 // Byte by byte, so that the next box finds the next line.
 void waitForLine()
 {
-    for (char byte = 0; byte != '\n';) {
-        const ssize_t got = ::read(STDIN_FILENO, &byte, 1);
-        if (got == 0 || (got < 0 && errno != EINTR)) return;
+    char byte = 0;
+    while (readFile(STDIN_FILENO, &byte, 1) == 1 && byte != '\n') {
     }
+}
+
+char* writeLine(const char16_t* text, std::size_t longest, char* to)
+{
+    to = writeNative(std::u16string_view(text).substr(0, longest), to);
+    *to++ = '\n';
+    return to;
 }
 
 } // namespace
@@ -41,8 +50,11 @@ window lastActivePopup(window)
 
 void showMessageBox(window, const char16_t* text, const char16_t* title, std::uint32_t)
 {
-    const std::string shown = nativeText(title) + '\n' + nativeText(text) + '\n';
-    writeFile(STDERR_FILENO, shown.data(), shown.size());
+    // In one piece, so that two threads' boxes do not mix, and without memory, whose lack may be
+    // what is told.
+    char shown[bytesOfUnit * (longestTitle + longestBoxText + 2)];
+    const char* const end = writeLine(text, longestBoxText, writeLine(title, longestTitle, shown));
+    writeFile(STDERR_FILENO, shown, static_cast<std::size_t>(end - shown));
     waitForLine();
 }
 

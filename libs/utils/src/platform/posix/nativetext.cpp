@@ -23,13 +23,6 @@ bool isEscapeAt(std::u16string_view text, std::size_t index)
     return isEscape(text[index]) && (index == 0 || !isHighSurrogate(text[index - 1]));
 }
 
-void appendUtf8(std::string& bytes, std::u16string_view text)
-{
-    const std::size_t before = bytes.size();
-    bytes.resize(before + 3 * text.size());
-    bytes.resize(before + encodeUtf8Units(text.data(), text.size(), bytes.data() + before));
-}
-
 char16_t* writeEscaped(const unsigned char* bytes, std::size_t count, char16_t* to)
 {
     for (std::size_t i = 0; i < count; ++i) *to++ = static_cast<char16_t>(escapeBase + bytes[i]);
@@ -75,17 +68,22 @@ std::string asciiPath(std::u16string_view text)
 
 } // namespace
 
-std::string nativeText(std::u16string_view text)
+char* writeNative(std::u16string_view text, char* bytes)
 {
-    std::string bytes;
     std::size_t start = 0;
     for (std::size_t i = 0; i < text.size(); ++i) {
         if (!isEscapeAt(text, i)) continue;
-        appendUtf8(bytes, text.substr(start, i - start));
-        bytes.push_back(static_cast<char>(text[i] - escapeBase));
+        bytes += encodeUtf8Units(text.data() + start, i - start, bytes);
+        *bytes++ = static_cast<char>(text[i] - escapeBase);
         start = i + 1;
     }
-    appendUtf8(bytes, text.substr(start));
+    return bytes + encodeUtf8Units(text.data() + start, text.size() - start, bytes);
+}
+
+std::string nativeText(std::u16string_view text)
+{
+    std::string bytes(3 * text.size(), '\0');
+    bytes.resize(static_cast<std::size_t>(writeNative(text, bytes.data()) - bytes.data()));
     return bytes;
 }
 

@@ -13,6 +13,8 @@
 
 namespace orlo::platform {
 
+// Writes the bytes for a text, at most three a unit, and returns their end.
+char* writeNative(std::u16string_view text, char* bytes);
 // Bytes for a text.
 std::string nativeText(std::u16string_view text);
 // The system's path for path text, up to the first zero unit. Empty, which names nothing and
