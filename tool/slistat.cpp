@@ -2,6 +2,7 @@
 
 #include "folders.h"
 #include "orlodirectory.h"
+#include "orlofile.h"
 #include "orlopath.h"
 #include "orloreport.h"
 #include "platformfiles.h"

@@ -2,6 +2,7 @@
 // German, converts numbers. It compares what it got with what it must get, and ends with 0
 // only if all is right.
 #include <orlodate.h>
+#include <orlodirectory.h>
 #include <orloexception.h>
 #include <orlogeopoint.h>
 #include <orlolanguagetable.h>

@@ -228,8 +228,11 @@ std::optional<traces> whereSavingFails(const madeCall& call, const std::string& 
         here.addFile(asking::resultPath, answer.substr(0, written));
         return tracesNow(-1, {}, outcome::libraryFailure);
     }
-    // The second removal is that of the probe, whether the place can be written.
-    if (call.operation == "removeFile" && call.nth == 2) {
+    // The second removal is that of the probe, whether the place can be written. Before it the
+    // file is asked for the third time whether it exists, after the first removal and the probe.
+    const bool asksForProbe = call.operation == "queryStatus" && call.nth == 3 &&
+                              call.subject == narrow(asking::resultPath);
+    if (asksForProbe || (call.operation == "removeFile" && call.nth == 2)) {
         here.addFile(asking::resultPath, "");
         return tracesNow(-1, {}, outcome::libraryFailure);
     }

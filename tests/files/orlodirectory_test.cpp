@@ -1,5 +1,6 @@
 #include "orlodirectory.h"
 
+#include "orlofile.h"
 #include "orlotypeconvert.h"
 #include "support/machine.h"
 #include "support/text.h"

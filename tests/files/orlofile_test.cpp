@@ -24,6 +24,14 @@ protected:
         here.setModificationTime(u"C:\\a\\f.txt", 1000);
         here.addDirectory(u"C:\\a\\sub");
     }
+    // The calls of the system, with their modes.
+    [[nodiscard]] std::vector<std::string> asked() const
+    {
+        std::vector<std::string> all;
+        for (const auto& call : here.calls)
+            all.push_back(call.operation + " " + std::to_string(call.mode));
+        return all;
+    }
     machine& here;
     file present{u"C:\\a\\f.txt"};
     file missing{u"C:\\a\\m.txt"};
@@ -114,6 +122,56 @@ TEST_F(fileTest, isReadableWhereTheSystemLetsItBeRead)
     EXPECT_FALSE(missing.isReadable());
     here.failCall("access", 1);
     EXPECT_FALSE(present.isReadable());
+}
+
+TEST_F(fileTest, asksForTheRightToReadAlone)
+{
+    EXPECT_TRUE(present.isReadable());
+    EXPECT_EQ(asked(), (std::vector<std::string>{"access 4"}));
+}
+
+TEST_F(fileTest, asksForTheRightToWriteAndForAFile)
+{
+    EXPECT_TRUE(present.isWritable());
+    EXPECT_EQ(asked(), (std::vector<std::string>{"access 2", "queryStatus 0"}));
+}
+
+TEST_F(fileTest, probesAMissingFileByMakingAWritableOneAndRemovingIt)
+{
+    EXPECT_TRUE(missing.isWritable());
+    EXPECT_EQ(asked(), (std::vector<std::string>{"access 2", "queryStatus 0", "createFile 128",
+                                                 "queryStatus 0", "removeFile 0"}));
+}
+
+TEST_F(fileTest, asksForThePermissionsOfTheModesBits)
+{
+    struct row {
+        unsigned mode;
+        unsigned permission;
+    };
+    for (const row& row : {row{0, 0}, row{1, 0}, row{2, 128}, row{3, 128}, row{4, 256}, row{6, 384},
+                           row{7, 384}, row{8, 0}, row{0xFFFFFFFF, 384}}) {
+        const file made(u"C:\\a\\made" + string().setNumber(static_cast<double>(row.mode)));
+        EXPECT_TRUE(made.create(row.mode));
+        EXPECT_EQ(here.calls.back().operation, "createFile");
+        EXPECT_EQ(here.calls.back().mode, row.permission) << row.mode;
+    }
+}
+
+TEST_F(fileTest, tellsSizesBeyond31BitsInItsStatusAndTheirLowBitsAsItsSize)
+{
+    struct row {
+        std::int64_t bytes;
+        std::int32_t size;
+    };
+    for (const row& row : {row{0x7FFFFFFF, 0x7FFFFFFF}, row{0x80000000, INT32_MIN},
+                           row{0xFFFFFFFF, -1}, row{0x100000000, 0}, row{0x10000000A, 10}}) {
+        here.pretendSize(present.path(), row.bytes);
+        fileStatus status;
+        ASSERT_TRUE(present.stat(status));
+        EXPECT_EQ(status.size, row.bytes);
+        EXPECT_EQ(present.size(), row.size) << row.bytes;
+    }
 }
 
 TEST_F(fileTest, isWritableWithoutBeingTouchedWhereItExists)
@@ -243,6 +301,14 @@ TEST_F(fileTest, isNotRemovedIfItIsADirectory)
 {
     EXPECT_FALSE(folder.remove());
     EXPECT_TRUE(here.hasDirectory(u"C:\\a\\sub"));
+}
+
+TEST_F(fileTest, isNotRemovedIfItDoesNotExist)
+{
+    here.failCall("queryStatus", 1);
+    EXPECT_FALSE(present.remove());
+    EXPECT_EQ(here.countCalls("removeFile"), 0u);
+    EXPECT_TRUE(here.hasFile(present.path()));
 }
 
 TEST_F(fileTest, isNotRemovedWhereTheSystemRefuses)
@@ -437,22 +503,6 @@ TEST_F(fileSearchTest, goesOnWhenItsHitsAreRemoved)
     for (fileSearch search = folder.findFiles(u"*.*", 0); !search.path().empty(); search.next())
         EXPECT_TRUE(search.remove());
     EXPECT_TRUE(here.files().empty());
-}
-
-TEST_F(fileSearchTest, removesItsHitsOnceItHasMovedOn)
-{
-    for (char16_t name = u'a'; name <= u'c'; ++name) here.addFile(u"C:\\d\\" + string(name), "");
-    fileSearch search = folder.findFiles(u"*.*", 0);
-    EXPECT_TRUE(search.removeAndNext());
-    EXPECT_EQ(search.path(), string(u"C:\\d\\b"));
-    EXPECT_TRUE(here.hasFile(u"C:\\d\\b"));
-    EXPECT_FALSE(here.hasFile(u"C:\\d\\a"));
-    here.failCall("removeFile", 1);
-    EXPECT_FALSE(search.removeAndNext());
-    EXPECT_TRUE(search.removeAndNext());
-    EXPECT_TRUE(search.path().empty());
-    EXPECT_FALSE(search.removeAndNext());
-    EXPECT_EQ(here.files(), (paths{u"C:\\d\\b"}));
 }
 
 TEST_F(fileSearchTest, putsThePatternBehindTheStoredPath)

@@ -134,6 +134,8 @@ TEST_F(entry, isNotRemoteWithoutADrive)
     here.driveTypes[u'C'] = 4;
     EXPECT_FALSE(plainEntry(u"a\\b", u"", false).isRemote());
     EXPECT_FALSE(plainEntry(u"\\a", u"", false).isRemote());
+    EXPECT_FALSE(plainEntry(u"//srv/share", u"", false).isRemote());
+    EXPECT_FALSE(plainEntry(u"/\\srv\\share", u"", false).isRemote());
     EXPECT_EQ(here.countCalls("driveType"), 0u);
 }
 

@@ -1,5 +1,7 @@
 #include "orlomodule.h"
 
+#include "orlodirectory.h"
+#include "orlofile.h"
 #include "support/machine.h"
 #include "support/text.h"
 

@@ -424,6 +424,49 @@ TEST_F(path, givesThePartsThatTheFlagsAskFor)
     }
 }
 
+// The flags stand in the code of callers as numbers.
+TEST_F(path, hasFlagsOfSettledValues)
+{
+    EXPECT_EQ(withoutRoot, 1u);
+    EXPECT_EQ(withoutExtension, 2u);
+    EXPECT_EQ(extensionAtFirstDot, 4u);
+    EXPECT_EQ(withRoot, 8u);
+    EXPECT_EQ(withDirectory, 16u);
+    EXPECT_EQ(withName, 32u);
+    EXPECT_EQ(withExtension, 64u);
+}
+
+// The rules once more, word for word, against every word of flags.
+TEST_F(path, givesWhatTheRulesSayForEachOfThe128WordsOfFlags)
+{
+    for (std::uint32_t flags = 0; flags < 128; ++flags) {
+        const auto has = [flags](std::uint32_t bit) { return (flags & bit) != 0; };
+        const string root = u"C:";
+        const string inside = u"\\a\\";
+        const string name = has(4) ? u"b" : u"b.tar";
+        const string extension = has(4) ? u"tar.gz" : u"gz";
+
+        string ofExtension = extension;
+        if (has(32)) {
+            ofExtension = name + u"." + extension;
+            if (has(16)) ofExtension = inside + ofExtension;
+            if (has(16) && has(8)) ofExtension = root + ofExtension;
+        }
+        string ofName = name;
+        if (!has(2) || (has(2) && has(64))) ofName = ofName + u"." + extension;
+        if (has(16)) ofName = inside + ofName;
+        if (has(16) && has(8)) ofName = root + ofName;
+        string ofDirectory = inside;
+        if ((flags & 9) != 1) ofDirectory = root + ofDirectory;
+        if (has(32)) ofDirectory = ofDirectory + name;
+        if (has(32) && has(64)) ofDirectory = ofDirectory + u"." + extension;
+
+        EXPECT_EQ(pathExtension(u"c:\\a\\b.tar.gz", flags), ofExtension) << flags;
+        EXPECT_EQ(pathName(u"c:\\a\\b.tar.gz", flags), ofName) << flags;
+        EXPECT_EQ(pathDirectory(u"c:\\a\\b.tar.gz", flags), ofDirectory) << flags;
+    }
+}
+
 TEST_F(path, givesNoDotWithoutAnExtension)
 {
     EXPECT_EQ(pathName(u"C:\\a\\b"), string(u"b"));

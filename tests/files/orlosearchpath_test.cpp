@@ -1,5 +1,6 @@
 #include "orlosearchpath.h"
 
+#include "orlofile.h"
 #include "orlotypeconvert.h"
 #include "support/machine.h"
 #include "support/text.h"
@@ -61,6 +62,14 @@ TEST_F(searchPathTest, holdsADirectoryOnceInAnyCase)
     EXPECT_FALSE(search.containsDirectory(directory(u"C:\\abcd")));
 }
 
+TEST_F(searchPathTest, comparesWholePaths)
+{
+    search.addDirectory(directory(u"C:\\a\\b"));
+    EXPECT_FALSE(search.containsDirectory(directory(u"C:\\a")));
+    EXPECT_FALSE(search.containsDirectory(directory(u"C:\\a\\b\\c")));
+    EXPECT_FALSE(search.containsDirectory(directory(u"D:\\a\\b")));
+}
+
 TEST_F(searchPathTest, tellsCaseOnlyOfAsciiLetters)
 {
     search.addDirectory(directory(u"C:\\\u00c4"));
@@ -100,6 +109,22 @@ TEST_F(searchPathTest, readsItsTextForm)
     for (const row& row : rows) {
         SCOPED_TRACE(narrow(string(row.text)));
         EXPECT_EQ(parsed(row.text), row.directories);
+    }
+}
+
+TEST_F(searchPathTest, readsPiecesFromOneOfItsOwnEntries)
+{
+    for (const char16_t* path : {u"C:\\a\\x", u"C:\\a\\y", u"C:\\a\\z"}) here.addDirectory(path);
+    search.addDirectory(directory(u"C:\\a"));
+    search.parse(u".\\x;.\\y;.\\z", search.directories().front(), u';');
+    EXPECT_EQ(pathsOf(search), (paths{u"C:\\a\\", u"C:\\a\\x\\", u"C:\\a\\y\\", u"C:\\a\\z\\"}));
+}
+
+TEST_F(searchPathTest, dropsOnlyBlanksAndTabsAroundAPiece)
+{
+    for (const char16_t unit : {u'\n', u'\r', u'\v', u'\f', u'\u00a0', u'\u3000'}) {
+        EXPECT_EQ(parsed((u"C:\\a" + string(unit)).c_str()), paths{}) << unsigned{unit};
+        EXPECT_EQ(parsed((u" \t" + string(unit) + u"C:\\a").c_str()), paths{}) << unsigned{unit};
     }
 }
 
@@ -253,4 +278,38 @@ TEST_F(searchPathTest, isReadFromTextBelowTheProgramBehindWhatItHolds)
     EXPECT_EQ(pathsOf(search), (paths{u"C:\\kept\\", u"C:\\tool\\bin\\sub\\", u"C:\\a\\"}));
     EXPECT_TRUE(typeconvert::convert(search, string()));
     EXPECT_EQ(search.directories().size(), 3u);
+}
+
+TEST_F(searchPathTest, isReadFromATextAlsoWhereTheProgramsDirectoryIsUnknown)
+{
+    here.modules.clear();
+    EXPECT_TRUE(typeconvert::convert(search, string(u"C:\\a;.\\sub")));
+    EXPECT_EQ(pathsOf(search), (paths{u"C:\\a\\"}));
+    EXPECT_TRUE(typeconvert::convert(search, string()));
+}
+
+// So many searches may be open at a time, and a tree may be deeper.
+TEST_F(searchPathTest, hasNoSearchOpenWhileItGoesDown)
+{
+    here.addFile(u"C:\\a\\1\\2\\3\\4\\f", "");
+    here.addDirectory(u"C:\\a\\1\\other");
+    search.addDirectory(directory(u"C:\\a"));
+    here.calls.clear();
+    ASSERT_TRUE(search.findFile(u"f", found, true));
+    int open = 0;
+    for (const auto& call : here.calls) {
+        open += (call.operation == "findFirst") - (call.operation == "findClose");
+        EXPECT_LE(open, 1);
+        EXPECT_TRUE(call.operation != "queryStatus" || open == 0) << narrow(call.subject);
+    }
+    EXPECT_EQ(open, 0);
+}
+
+TEST_F(searchPathTest, searchesATreeWhoseDirectoriesCannotBeToldApart)
+{
+    here.addFile(u"C:\\a\\1\\2\\f", "");
+    search.addDirectory(directory(u"C:\\a"));
+    for (std::size_t nth = 1; nth <= 3; ++nth) here.failCall("identityOf", nth);
+    ASSERT_TRUE(search.findFile(u"f", found, true));
+    EXPECT_EQ(found.path(), string(u"C:\\a\\1\\2\\f"));
 }

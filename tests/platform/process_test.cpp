@@ -69,6 +69,15 @@ TEST_F(processSystemTest, readsEnvironmentVariables)
     EXPECT_TRUE(value.empty());
 }
 
+TEST_F(processSystemTest, readsAVariableAlsoIntoTheTextThatNamesIt)
+{
+    string path;
+    ASSERT_TRUE(platform::environmentVariable(u"PATH", path));
+    string value = u"PATH";
+    EXPECT_TRUE(platform::environmentVariable(value.c_str(), value));
+    EXPECT_EQ(value, path);
+}
+
 TEST_F(processSystemTest, findsTheExecutable)
 {
     void* const module = platform::findModule(u"");

@@ -135,46 +135,6 @@ TEST_F(searchesSystemTest, allowsRemovingWhatWasFound)
     EXPECT_TRUE(names(u"*").empty());
 }
 
-TEST_F(searchesSystemTest, removesHitsOnceItHasMovedOn)
-{
-    for (int i = 0; i < 500; ++i) put("wipe" + std::to_string(i) + ".x", "");
-    put(std::filesystem::path(u"wipe\u00FC.x"), "");
-    platform::searchHit hit;
-    const platform::searchHandle handle = platform::findFirst(path("") + u"wipe*.x", 0, hit);
-    ASSERT_NE(handle, platform::noSearch);
-    for (bool more = true; more;) {
-        const string found = path("") + hit.name;
-        more = platform::findNext(handle, hit);
-        EXPECT_TRUE(platform::removeHit(handle, found));
-        EXPECT_FALSE(platform::removeHit(handle, found));
-    }
-    platform::findClose(handle);
-    EXPECT_TRUE(names(u"*").empty());
-}
-
-// A search is for one directory; what its hits are called is another matter.
-TEST_F(searchesSystemTest, removesWhatThePathOfAHitNames)
-{
-    const auto findFiles = [this](const char16_t* pattern) {
-        return directory(path("top")).findFiles(pattern, 0);
-    };
-    makeFolder("top");
-    makeFolder("top/below");
-    put("top/below/a.x", "");
-    put("top/below/b.x", "");
-    put("top/b.x", "");
-    for (auto hit = findFiles(u"below\\*.x"); !hit.path().empty();) hit.removeAndNext();
-    EXPECT_TRUE(isThere("top/below/a.x"));
-    EXPECT_TRUE(isThere("top/below/b.x"));
-    EXPECT_FALSE(isThere("top/b.x"));
-
-    put("top/100%", "");
-    put("top/50%PATH%", "");
-    for (auto hit = findFiles(u"*0%*"); !hit.path().empty();) hit.removeAndNext();
-    EXPECT_FALSE(isThere("top/100%"));
-    EXPECT_TRUE(isThere("top/50%PATH%"));
-}
-
 TEST_F(searchesSystemTest, keepsNamesBeyondAscii)
 {
     const std::u16string name = u"Pr\u00FCf\u20AC\u8A9E.xml";
@@ -189,6 +149,5 @@ TEST_F(searchesSystemTest, takesNoHandleForNoSearch)
 {
     platform::searchHit hit;
     EXPECT_FALSE(platform::findNext(platform::noSearch, hit));
-    EXPECT_FALSE(platform::removeHit(platform::noSearch, path("file")));
     platform::findClose(platform::noSearch);
 }

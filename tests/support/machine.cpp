@@ -73,10 +73,11 @@ std::intptr_t newHandle()
 // takes of memory is not the program's.
 class observedCall {
 public:
-    explicit observedCall(const char* operation, const string& subject = string::emptyString())
+    explicit observedCall(const char* operation, const string& subject = string::emptyString(),
+                          unsigned mode = 0)
         : m_alone(guard())
     {
-        machine::current().calls.push_back({operation, subject});
+        machine::current().calls.push_back({operation, subject, mode});
         for (fault& planned : internals().faults) {
             if (planned.callsLeft == 0 ||
                 (!planned.operation.empty() && planned.operation != operation))
@@ -397,7 +398,7 @@ using namespace orlo::tests;
 
 bool access(const string& path, unsigned mode)
 {
-    const observedCall call("access", path);
+    const observedCall call("access", path, mode);
     const entryPointer entry = entryAt(path);
     if (call.fails() || !entry) return false;
     return (mode & accessWrite) == 0 || entry->isDirectory() || !entry->isReadOnly();
@@ -420,9 +421,17 @@ bool queryStatus(const string& path, fileStatus& out)
     return true;
 }
 
+std::optional<entryIdentity> identityOf(const string& path)
+{
+    const observedCall call("identityOf", path);
+    const entryPointer entry = entryAt(path);
+    if (call.fails() || !entry) return std::nullopt;
+    return entryIdentity{1, entry->number};
+}
+
 bool createFile(const string& path, unsigned permission)
 {
-    const observedCall call("createFile", path);
+    const observedCall call("createFile", path, permission);
     if (call.fails() || path.empty()) return false;
     const bool isNew = !entryAt(path);
     const entryPointer entry =
@@ -482,12 +491,6 @@ bool findNext(searchHandle search, searchHit& hit)
     const observedCall call("findNext");
     const auto found = internals().searches.find(search);
     return !call.fails() && found != internals().searches.end() && advance(found->second, hit);
-}
-
-// The same to this machine, and to those who watch it.
-bool removeHit(searchHandle, const string& path)
-{
-    return removeFile(path);
 }
 
 void findClose(searchHandle search)
@@ -635,8 +638,11 @@ bool enumerateWindows(bool (*visit)(window found, void* context), void* context)
         const observedCall call("enumerateWindows");
         if (call.fails()) return false;
     }
-    for (std::uintptr_t handle = 1; handle <= machine::current().windows.size(); ++handle) {
-        if (!visit(reinterpret_cast<window>(handle), context)) return false;
+    machine& here = machine::current();
+    for (std::uintptr_t handle = 1; handle <= here.windows.size(); ++handle) {
+        if (handle > here.windowsUntilFailure) return false;
+        const bool isNull = here.windows[handle - 1].isNull;
+        if (!visit(isNull ? nullptr : reinterpret_cast<window>(handle), context)) return false;
     }
     return true;
 }

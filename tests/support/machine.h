@@ -23,6 +23,7 @@ namespace orlo::tests {
 struct seamCall {
     std::string operation; // the function's name in platform.h, such as "openFile"
     string subject;        // path, pattern or variable name; empty where there is none
+    unsigned mode = 0;     // of `access`, or the permission of `createFile`
 };
 
 struct machine {
@@ -83,8 +84,10 @@ struct machine {
         std::uint32_t process = 0;
         void* parent = nullptr;
         void* popup = nullptr;
+        bool isNull = false; // the system gives a null handle for it
     };
-    std::vector<desktopWindow> windows; // handle: 1-based index
+    std::vector<desktopWindow> windows;         // handle: 1-based index
+    std::size_t windowsUntilFailure = SIZE_MAX; // then the enumeration fails
 
     // --- calls and faults ---
     std::vector<seamCall> calls;

@@ -1,5 +1,6 @@
 // What all threads of a process share, used by several at once. ThreadSanitizer watches.
 #include "orlodirectory.h"
+#include "orlofile.h"
 #include "orlogeopoint.h"
 #include "orlolanguagetable.h"
 #include "orlolocstring.h"

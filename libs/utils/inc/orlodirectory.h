@@ -1,11 +1,16 @@
 // A directory by its path, and the search for its subdirectories.
 #pragma once
 
-#include "orlofile.h"
+#include "orloentrysearch.h"
+#include "orlofsentry.h"
+#include "orlotypeconvert.h"
+
+#include <cstdint>
 
 namespace orlo {
 
 class directorySearch;
+class fileSearch;
 
 // The entry of a directory; its path always ends in one backslash. Directories are neither
 // made nor deleted here.

@@ -1,6 +1,7 @@
 // A file by its path, and the search for files in a directory.
 #pragma once
 
+#include "orloentrysearch.h"
 #include "orlofilestatus.h"
 #include "orlofsentry.h"
 #include "orlotypeconvert.h"
@@ -8,12 +9,6 @@
 #include <cstdint>
 
 namespace orlo {
-
-class directory;
-
-namespace platform {
-struct searchHit;
-}
 
 // The entry of a file. It keeps nothing open: each operation opens, works and closes. All
 // failures are a false or a zero.
@@ -49,60 +44,23 @@ public:
     bool rename(const string& newName) override;
 };
 
-namespace detail {
-
-// What the searches for files and for directories share: a search of the system that is closed
-// when it goes, and the choice of hits by attributes. "." and ".." are never hits.
-class entrySearch {
-public:
-    // Hits have no bit of `skipAttributes` and all bits of `neededAttributes`.
-    entrySearch(std::uint32_t skipAttributes, std::uint32_t neededAttributes);
-    entrySearch(entrySearch&& other) noexcept;
-    entrySearch& operator=(entrySearch&&) = delete;
-    ~entrySearch();
-
-    // Called once; false if the very first entry that the pattern matches is no hit, or if
-    // there is none.
-    bool start(const string& pattern);
-    // Moves to the next hit; false at the end.
-    bool next();
-    // Of the current hit.
-    [[nodiscard]] const string& name() const { return m_name; }
-    // Deletes an earlier hit; `path` is the searched directory's with the hit's name.
-    [[nodiscard]] bool remove(const string& path) const;
-
-private:
-    bool accept(platform::searchHit& hit);
-
-    std::intptr_t m_handle = -1;
-    std::uint32_t m_skipAttributes;
-    std::uint32_t m_neededAttributes;
-    string m_name;
-};
-
-} // namespace detail
-
 // A running search for files: it is itself the current hit, with an empty path at the end.
 //
-//   for (auto hit = folder.findFiles(u"*.xml", skipHiddenAndSystem); !hit.path().empty();
-//   hit.next())
+//   auto hit = folder.findFiles(u"*.xml", skipHiddenAndSystem);
+//   for (; !hit.path().empty(); hit.next()) use(hit);
 //
-// Hits come in the system's order and never include directories.
+// Hits come in the system's order and never include directories. Who deletes a hit takes a copy
+// of it and moves on before, so that the search never stands on a missing file.
 class fileSearch : public file {
 public:
-    fileSearch(const directory& where, const string& pattern, std::uint32_t skipAttributes);
+    fileSearch(const fsEntry& where, const string& pattern, std::uint32_t skipAttributes);
     // Moves to the next hit, or leaves the path empty.
     void next();
-    // Moves on, and then deletes the file that was the hit, so that the search never stands on
-    // a missing one. False if the system refuses. Cheaper than remove(), which starts anew.
-    bool removeAndNext();
 
 private:
     void takeHit();
-    [[nodiscard]] bool isNamedAsFound() const;
 
     string m_hitPrefix;
-    bool m_staysInDirectory; // the pattern leads to no other one
     detail::entrySearch m_search;
 };
 

@@ -1,9 +1,12 @@
 // Where a loaded module lies on disk; the empty name stands for the executable itself.
 #pragma once
 
-#include "orlodirectory.h"
+#include "orlostring.h"
 
 namespace orlo {
+
+class directory;
+class file;
 
 // A loaded module; null for one that is not loaded.
 using moduleHandle = void*;

@@ -7,6 +7,8 @@
 
 namespace orlo {
 
+class file;
+
 // Directories in search order, each once when ASCII case is ignored. Entries are not tested
 // again after they were added. Its text form joins the paths by ";".
 class searchPath {
@@ -17,8 +19,9 @@ public:
     [[nodiscard]] const std::vector<directory>& directories() const { return m_directories; }
 
     // The first directory (file) in which `name` exists as a file; with `recursive` the tree
-    // below an entry is searched, depth first, before the next entry. False, with `out`
-    // unchanged, if there is none. The name may hold sub-folders.
+    // below an entry is searched, depth first, before the next entry; hidden and system folders
+    // there are passed over, and so is a folder that lies in itself by way of a link. False,
+    // with `out` unchanged, if there is none. The name may hold sub-folders.
     bool findInDirectories(const string& name, directory& out, bool recursive) const;
     bool findFile(const string& name, file& out, bool recursive) const;
 

@@ -1,6 +1,7 @@
 // What the mapping of Windows path text onto this system's names promises beyond the rules
 // that both systems share.
 #include "orlodirectory.h"
+#include "orlofile.h"
 #include "platform/platform.h"
 
 #include "platform/posix/nativetext.h"
@@ -204,15 +205,28 @@ TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
     EXPECT_FALSE(isThere("to-nothing"));
 }
 
-TEST_F(namesTest, ofLinksThatASearchFindsAreRemovedUnlessTheyLeadToAFolder)
+TEST_F(namesTest, ofLinksThatASearchFindsAreRemovedIfTheyLeadToAFile)
 {
     linkToEachKind();
-    for (auto hit = directory(path("")).findFiles(u"to-*", 0); !hit.path().empty();)
-        EXPECT_TRUE(hit.removeAndNext());
+    for (auto hit = directory(path("")).findFiles(u"to-*", 0); !hit.path().empty();) {
+        const file found(hit);
+        hit.next();
+        EXPECT_EQ(found.remove(), found.path().ends_with(u"to-file")) << narrow(found.path());
+    }
     EXPECT_TRUE(isThere("to-folder"));
     EXPECT_FALSE(isThere("to-file"));
-    EXPECT_FALSE(isThere("to-nothing"));
+    EXPECT_TRUE(isThere("to-nothing"));
     EXPECT_EQ(content("file"), "kept");
+}
+
+// What does not exist can't be removed, though a link of that name is there.
+TEST_F(namesTest, ofLinksThatLeadNowhereAreNoFilesToRemove)
+{
+    linkToEachKind();
+    const file link(path("to-nothing"));
+    EXPECT_FALSE(link.exists());
+    EXPECT_FALSE(link.remove());
+    EXPECT_TRUE(isThere("to-nothing"));
 }
 
 TEST_F(patternTest, letsAQuestionMarkStandForNothingBeforeADotAndAtTheEnd)

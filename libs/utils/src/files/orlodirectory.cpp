@@ -1,7 +1,11 @@
 #include "orlodirectory.h"
 
+#include "orlofile.h"
+#include "orlofilestatus.h"
 #include "orlopath.h"
 #include "platform/platform.h"
+
+#include <utility>
 
 namespace orlo {
 
@@ -16,8 +20,9 @@ bool directory::rename(const string& newName)
 {
     if (m_path.empty()) return false;
     const string target = pathDirectory(m_path) + newName;
+    directory renamed(normalizePath(target, false));
     if (!platform::renameEntry(m_path, target)) return false;
-    setPath(target);
+    *this = std::move(renamed); // the directory has moved, so this must not fail
     return true;
 }
 

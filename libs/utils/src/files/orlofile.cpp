@@ -1,6 +1,5 @@
 #include "orlofile.h"
 
-#include "orlodirectory.h"
 #include "orlopath.h"
 #include "platform/platform.h"
 
@@ -70,8 +69,7 @@ std::int32_t file::size() const
 
 bool file::remove() const
 {
-    // The system itself refuses what is missing and what is a directory.
-    return !m_path.empty() && platform::removeFile(m_path);
+    return exists() && platform::removeFile(m_path);
 }
 
 bool file::rename(const string& newName)
@@ -83,60 +81,8 @@ bool file::rename(const string& newName)
     return true;
 }
 
-namespace detail {
-
-entrySearch::entrySearch(std::uint32_t skipAttributes, std::uint32_t neededAttributes)
-    : m_skipAttributes(skipAttributes), m_neededAttributes(neededAttributes)
-{}
-
-entrySearch::entrySearch(entrySearch&& other) noexcept
-    : m_handle(std::exchange(other.m_handle, platform::noSearch)),
-      m_skipAttributes(other.m_skipAttributes), m_neededAttributes(other.m_neededAttributes),
-      m_name(std::move(other.m_name))
-{}
-
-entrySearch::~entrySearch()
-{
-    if (m_handle != platform::noSearch) platform::findClose(m_handle);
-}
-
-bool entrySearch::start(const string& pattern)
-{
-    platform::searchHit hit;
-    m_handle = platform::findFirst(pattern, m_skipAttributes | m_neededAttributes, hit);
-    return m_handle != platform::noSearch && accept(hit);
-}
-
-bool entrySearch::next()
-{
-    if (m_handle == platform::noSearch) return false;
-    platform::searchHit hit;
-    hit.name.swap(m_name); // the name's memory serves again
-    while (platform::findNext(m_handle, hit)) {
-        if (accept(hit)) return true;
-    }
-    return false;
-}
-
-bool entrySearch::remove(const string& path) const
-{
-    return platform::removeHit(m_handle, path);
-}
-
-bool entrySearch::accept(platform::searchHit& hit)
-{
-    const bool wanted = (hit.attributes & m_skipAttributes) == 0 &&
-                        (hit.attributes & m_neededAttributes) == m_neededAttributes &&
-                        hit.name != u"." && hit.name != u"..";
-    if (wanted) m_name.swap(hit.name);
-    return wanted;
-}
-
-} // namespace detail
-
-fileSearch::fileSearch(const directory& where, const string& pattern, std::uint32_t skipAttributes)
-    : m_hitPrefix(where.path()), m_staysInDirectory(pattern.find_first_of(u"\\/") == pattern.npos),
-      m_search(skipAttributes | attributeSubdirectory, 0)
+fileSearch::fileSearch(const fsEntry& where, const string& pattern, std::uint32_t skipAttributes)
+    : m_hitPrefix(where.path()), m_search(skipAttributes | attributeSubdirectory, 0)
 {
     // A prefix in the normal form lets each hit's path be normal as it is put together.
     if (m_hitPrefix.empty() || normalizePath(m_hitPrefix, true) != m_hitPrefix)
@@ -153,26 +99,9 @@ void fileSearch::next()
     while (m_path.empty() && m_search.next()) takeHit();
 }
 
-bool fileSearch::removeAndNext()
-{
-    const file doomed(*this);
-    const bool asFound = isNamedAsFound();
-    next();
-    return asFound ? m_search.remove(doomed.path()) : doomed.remove();
-}
-
 void fileSearch::takeHit()
 {
     m_path = normalizePath(m_hitPrefix + m_search.name(), false);
-}
-
-// The path of a hit need not lead to what was found: a pattern may lead elsewhere, and a name
-// may hold a variable.
-bool fileSearch::isNamedAsFound() const
-{
-    const string& name = m_search.name();
-    return m_staysInDirectory && m_path.size() == m_hitPrefix.size() + name.size() &&
-           m_path.starts_with(m_hitPrefix) && m_path.ends_with(name);
 }
 
 namespace {

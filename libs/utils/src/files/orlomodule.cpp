@@ -1,5 +1,7 @@
 #include "orlomodule.h"
 
+#include "orlodirectory.h"
+#include "orlofile.h"
 #include "orlopath.h"
 #include "platform/platform.h"
 

@@ -1,9 +1,14 @@
 #include "orlosearchpath.h"
 
+#include "orlofile.h"
+#include "orlofilestatus.h"
 #include "orlomodule.h"
 #include "orlopath.h"
+#include "platform/platform.h"
 
 #include <algorithm>
+#include <optional>
+#include <utility>
 
 namespace orlo {
 
@@ -12,24 +17,51 @@ namespace {
 constexpr std::u16string_view blanks = u" \t";
 constexpr char16_t textDelimiter = u';';
 
-// The way down is a list of searches, one for each level, so that a deep tree needs no deep
-// call stack.
+// A directory on the way down, and what of it is still to be entered.
+struct level {
+    std::optional<platform::entryIdentity> identity;
+    std::vector<directory> ahead; // the next one last
+};
+
+// All at once, so that no search is open while the way goes on: a process may have only so many.
+std::vector<directory> directoriesIn(const directory& where)
+{
+    std::vector<directory> found;
+    auto hit = where.findDirectories(u"*.*", skipHiddenAndSystem);
+    for (; !hit.path().empty(); hit.next()) found.push_back(hit);
+    std::reverse(found.begin(), found.end());
+    return found;
+}
+
+bool isOnTheWay(const std::vector<level>& levels,
+                const std::optional<platform::entryIdentity>& identity)
+{
+    return identity && std::any_of(levels.begin(), levels.end(), [&identity](const level& above) {
+               return above.identity == identity;
+           });
+}
+
+// The way down is a list of levels, so that a deep tree needs no deep call stack. A link may
+// lead back to a directory on the way, where the descent would go round for ever.
 bool findBelow(const directory& top, const string& name, directory& out)
 {
-    std::vector<directorySearch> levels;
-    levels.push_back(top.findDirectories(u"*.*", skipHiddenAndSystem));
+    std::vector<level> levels;
+    levels.push_back({platform::identityOf(top.path()), directoriesIn(top)});
     while (!levels.empty()) {
-        if (levels.back().path().empty()) {
+        std::vector<directory>& ahead = levels.back().ahead;
+        if (ahead.empty()) {
             levels.pop_back();
             continue;
         }
-        const directory hit = levels.back();
-        levels.back().next();
-        if (file(hit, name).exists()) {
-            out = hit;
+        directory next = std::move(ahead.back());
+        ahead.pop_back();
+        const auto identity = platform::identityOf(next.path());
+        if (isOnTheWay(levels, identity)) continue;
+        if (file(next, name).exists()) {
+            out = std::move(next);
             return true;
         }
-        levels.push_back(hit.findDirectories(u"*.*", skipHiddenAndSystem));
+        levels.push_back({identity, directoriesIn(next)});
     }
     return false;
 }
@@ -71,14 +103,15 @@ bool searchPath::findFile(const string& name, file& out, bool recursive) const
 
 void searchPath::parse(const string& text, const directory& base, char16_t delimiter)
 {
+    const string basePath = base.path(); // the base may be an entry of this list, which grows
     std::vector<string> pieces;
     text.split(std::u16string_view(&delimiter, 1), pieces);
     for (string& piece : pieces) {
         piece.trimLeft(blanks).trimRight(blanks);
         if (piece.empty()) continue;
         // Any leading dot counts, that of ".hidden" too.
-        const directory entry = piece[0] == u'.' ? directory(base.path(), piece)
-                                                 : directory(normalizePath(piece, false));
+        const directory entry =
+            piece[0] == u'.' ? directory(basePath, piece) : directory(normalizePath(piece, false));
         if (entry.exists()) addDirectory(entry);
     }
 }

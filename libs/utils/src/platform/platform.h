@@ -9,6 +9,7 @@
 #include <cstddef>
 #include <cstdint>
 #include <ctime>
+#include <optional>
 
 namespace orlo::platform {
 
@@ -19,6 +20,15 @@ bool access(const string& path, unsigned mode);
 
 // Leaves `out` as it is where nothing can be told.
 bool queryStatus(const string& path, fileStatus& out);
+
+// What tells one entry from all others, whichever path leads to it.
+struct entryIdentity {
+    std::uint64_t volume = 0;
+    std::uint64_t number = 0;
+    bool operator==(const entryIdentity&) const = default;
+};
+// None where it can't be told.
+std::optional<entryIdentity> identityOf(const string& path);
 
 // A permission is the bit of accessMode times this.
 inline constexpr unsigned permissionFactor = 64;
@@ -48,9 +58,6 @@ inline constexpr searchHandle noSearch = -1;
 // hit; noSearch if there is none. Attributes outside `wanted` may be left clear.
 searchHandle findFirst(const string& pattern, std::uint32_t wanted, searchHit& hit);
 bool findNext(searchHandle search, searchHit& hit);
-// Deletes a hit that was no directory, also once the search has moved on; `path` is the
-// searched directory's with the hit's name.
-bool removeHit(searchHandle search, const string& path);
 void findClose(searchHandle search);
 
 // --- Contents ------------------------------------------------------------------------------
@@ -61,6 +68,7 @@ inline constexpr fileHandle noFile = -1;
 
 fileHandle openFile(const string& path, openMode mode);
 // The number of bytes that were delivered or taken; fewer than asked at the end or on failure.
+// They wait where nothing can be moved yet, and a reader that has gone is a failure like others.
 std::size_t readFile(fileHandle file, void* bytes, std::size_t count);
 std::size_t writeFile(fileHandle file, const void* bytes, std::size_t count);
 bool flushFile(fileHandle file);
@@ -107,7 +115,11 @@ window parentWindow(window of);
 window lastActivePopup(window of);
 
 inline constexpr std::uint32_t taskModal = 0x2000;
-// Blocks until somebody has answered.
+// At most this many units of a text are shown.
+inline constexpr std::size_t longestBoxText = 511;
+// Shows the text under the title and blocks until somebody has answered: pressed the button, or,
+// on a system without boxes, entered a line or ended the standard input. Takes no memory, and a
+// box that can't be shown is not noticed.
 void showMessageBox(window owner, const char16_t* text, const char16_t* title, std::uint32_t style);
 
 // --- Memory --------------------------------------------------------------------------------

@@ -59,6 +59,13 @@ bool queryStatus(const string& path, fileStatus& out)
     return true;
 }
 
+std::optional<entryIdentity> identityOf(const string& path)
+{
+    struct stat found;
+    if (::stat(nativePath(path).c_str(), &found) != 0) return std::nullopt;
+    return entryIdentity{found.st_dev, found.st_ino};
+}
+
 bool createFile(const string& path, unsigned permission)
 {
     // Who may write a file may read it, as on Windows; the rest is left to the user's mask.
@@ -70,10 +77,8 @@ bool createFile(const string& path, unsigned permission)
 bool removeFile(const string& path)
 {
     const std::string native = nativePath(path);
-    struct stat found;
-    if (::lstat(native.c_str(), &found) != 0) return false;
     // The system itself refuses a directory, but not a link to one.
-    return !(S_ISLNK(found.st_mode) && isDirectory(native)) && ::unlink(native.c_str()) == 0;
+    return !isDirectory(native) && ::unlink(native.c_str()) == 0;
 }
 
 bool renameEntry(const string& from, const string& to)

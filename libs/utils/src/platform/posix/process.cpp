@@ -37,8 +37,9 @@ int currentDrive()
 
 bool environmentVariable(const char16_t* name, string& value)
 {
+    const std::string nativeName = nativeText(name); // `value` may hold the name
     value.clear();
-    const char* found = std::getenv(nativeText(name).c_str());
+    const char* found = std::getenv(nativeName.c_str());
     if (found == nullptr) return false;
     value = textOf(found);
     return true;

@@ -99,15 +99,6 @@ bool findNext(searchHandle search, searchHit& hit)
     return search != noSearch && advance(*searchOf(search), hit);
 }
 
-// By the open directory and the bare name: a path would be followed from the root for each
-// file, and what the search has told need not be asked again.
-bool removeHit(searchHandle search, const string& path)
-{
-    if (search == noSearch) return false;
-    const std::string name = nativeText(std::u16string_view(path).substr(patternStart(path)));
-    return ::unlinkat(::dirfd(searchOf(search)->directory.get()), name.c_str(), 0) == 0;
-}
-
 void findClose(searchHandle search)
 {
     if (search != noSearch) delete searchOf(search);

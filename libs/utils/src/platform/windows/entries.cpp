@@ -25,6 +25,20 @@ bool queryStatus(const string& path, fileStatus& out)
     return true;
 }
 
+std::optional<entryIdentity> identityOf(const string& path)
+{
+    constexpr DWORD shared = FILE_SHARE_READ | FILE_SHARE_WRITE | FILE_SHARE_DELETE;
+    const HANDLE opened = ::CreateFileW(wide(path), 0, shared, nullptr, OPEN_EXISTING,
+                                        FILE_FLAG_BACKUP_SEMANTICS, nullptr);
+    if (opened == INVALID_HANDLE_VALUE) return std::nullopt;
+    BY_HANDLE_FILE_INFORMATION found;
+    const bool told = ::GetFileInformationByHandle(opened, &found) != FALSE;
+    ::CloseHandle(opened);
+    if (!told) return std::nullopt;
+    const std::uint64_t number = std::uint64_t{found.nFileIndexHigh} << 32 | found.nFileIndexLow;
+    return entryIdentity{found.dwVolumeSerialNumber, number};
+}
+
 bool createFile(const string& path, unsigned permission)
 {
     // Never over a file that came into being a moment ago.

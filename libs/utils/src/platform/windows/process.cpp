@@ -30,8 +30,8 @@ int currentDrive()
 
 bool environmentVariable(const char16_t* name, string& value)
 {
+    const wchar_t* found = ::_wgetenv(wide(name)); // `value` may hold the name
     value.clear();
-    const wchar_t* found = ::_wgetenv(wide(name));
     if (found == nullptr) return false;
     value = units(found);
     return true;

@@ -32,11 +32,6 @@ bool findNext(searchHandle search, searchHit& hit)
     return true;
 }
 
-bool removeHit(searchHandle, const string& path)
-{
-    return removeFile(path);
-}
-
 void findClose(searchHandle search)
 {
     if (search != noSearch) ::_findclose(search);
