@@ -1,9 +1,9 @@
 // What only this system's own attributes and process states can show.
 #include "platform/platform.h"
 
-#include "support/tempfolder.h"
 #include "platform/windows/system.h"
 #include "platform/windows/wide.h"
+#include "support/tempfolder.h"
 
 #include <map>
 
