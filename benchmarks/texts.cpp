@@ -8,8 +8,10 @@
 #include <benchmark/benchmark.h>
 
 #include <chrono>
+#include <cstdint>
 #include <fstream>
 #include <map>
+#include <set>
 #include <system_error>
 #include <unordered_map>
 
@@ -34,6 +36,11 @@ std::u16string widened(const std::string& ascii)
     return {ascii.begin(), ascii.end()};
 }
 
+std::string nameOf(keyOrder order)
+{
+    return order == keyOrder::rising ? "rising" : "shuffled";
+}
+
 } // namespace
 
 temporaryFolder::temporaryFolder()
@@ -49,9 +56,10 @@ temporaryFolder::~temporaryFolder()
     std::filesystem::remove_all(m_path, ignored);
 }
 
-std::string keyOf(std::size_t entry)
+std::string keyOf(std::size_t entry, keyOrder order)
 {
-    // Not in the order of the keys, as programs grow.
+    // Of one length, so that their order is that of the numbers.
+    if (order == keyOrder::rising) return "program_text" + number(100000 + entry);
     return "program_text" + number(entry * 7919 % 1000003);
 }
 
@@ -60,29 +68,31 @@ std::string textOf(std::size_t entry)
     return "The text number " + number(entry) + " of the platform [platform]";
 }
 
-std::filesystem::path languageFile(std::size_t entries)
+std::filesystem::path languageFile(std::size_t entries, keyOrder order)
 {
     static const temporaryFolder folder;
-    const auto path = folder.path() / (number(entries) + ".loc");
-    static std::map<std::size_t, bool> made;
-    if (made.emplace(entries, true).second) {
+    const auto path = folder.path() / (nameOf(order) + number(entries) + ".loc");
+    static std::set<std::filesystem::path> made;
+    if (made.insert(path).second) {
         std::ofstream out(path, std::ios::binary);
         out << "\xEF\xBB\xBF; made for measurements\n";
         for (std::size_t entry = 0; entry < entries; ++entry)
-            out << keyOf(entry) << ' ' << textOf(entry) << '\n';
+            out << keyOf(entry, order) << ' ' << textOf(entry) << '\n';
     }
     return path;
 }
 
 namespace {
 
+template <keyOrder order>
 void loadProject(benchmark::State& state)
 {
     const auto entries = static_cast<std::size_t>(state.range(0));
-    const orlo::file source(pathText(languageFile(entries)));
+    const orlo::file source(pathText(languageFile(entries, order)));
+    const std::u16string firstKey = widened(keyOf(0, order));
     orlo::stringTemplate text;
     const auto hasEntry = [&](orlo::locFile& loaded, std::size_t entry) {
-        return loaded.lookup(widened(keyOf(entry)).c_str(), text) &&
+        return loaded.lookup(widened(keyOf(entry, order)).c_str(), text) &&
                text.text() == orlo::string(widened(textOf(entry)));
     };
     orlo::locFile checked(source);
@@ -91,7 +101,7 @@ void loadProject(benchmark::State& state)
         return state.SkipWithError("a text is not what the file holds");
     for (auto each : state) {
         orlo::locFile loaded(source);
-        benchmark::DoNotOptimize(loaded.lookup(u"program_text0", text));
+        benchmark::DoNotOptimize(loaded.lookup(firstKey.c_str(), text));
     }
 }
 
@@ -108,24 +118,26 @@ std::map<std::string, std::string> readLines(const std::filesystem::path& path)
     return entries;
 }
 
+template <keyOrder order>
 void loadStreams(benchmark::State& state)
 {
     const auto entries = static_cast<std::size_t>(state.range(0));
-    const auto path = languageFile(entries);
+    const auto path = languageFile(entries, order);
     if (readLines(path).size() < entries ||
-        readLines(path)[keyOf(entries - 1)] != textOf(entries - 1))
+        readLines(path)[keyOf(entries - 1, order)] != textOf(entries - 1))
         return state.SkipWithError("a text is not what the file holds");
     for (auto each : state) benchmark::DoNotOptimize(readLines(path));
 }
 
+// The names of shuffled files are older than the others.
 template <class Measure>
-void registerLoad(const char* who, Measure measure)
+void registerLoad(keyOrder order, const char* who, Measure measure)
 {
-    for (const auto& [name, entries] :
-         {std::pair{"10", 10}, {"100", 100}, {"1000", 1000}, {"10000", 10000}, {"100000", 100000}})
-        benchmark::RegisterBenchmark(
-            (std::string("language-load/entries/") + name + "/" + who).c_str(), measure)
-            ->Arg(entries)
+    const std::string family =
+        order == keyOrder::rising ? "language-load/entries in order/" : "language-load/entries/";
+    for (const std::size_t entries : {10, 100, 1000, 10000, 100000})
+        benchmark::RegisterBenchmark((family + number(entries) + "/" + who).c_str(), measure)
+            ->Arg(static_cast<std::int64_t>(entries))
             ->Unit(benchmark::kMicrosecond);
 }
 
@@ -163,8 +175,10 @@ void textOfHashMap(benchmark::State& state)
 BENCHMARK(textOfHashMap)->Name("text-by-key/file/hash map without checks");
 
 const bool registered = [] {
-    registerLoad("project", loadProject);
-    registerLoad("std::map with streams", loadStreams);
+    registerLoad(keyOrder::shuffled, "project", loadProject<keyOrder::shuffled>);
+    registerLoad(keyOrder::shuffled, "std::map with streams", loadStreams<keyOrder::shuffled>);
+    registerLoad(keyOrder::rising, "project", loadProject<keyOrder::rising>);
+    registerLoad(keyOrder::rising, "std::map with streams", loadStreams<keyOrder::rising>);
     return true;
 }();
 

@@ -20,11 +20,14 @@ private:
     std::filesystem::path m_path;
 };
 
+// How the keys of a file follow each other: as programs grow, or sorted.
+enum class keyOrder { shuffled, rising };
+
 // Key and text of an entry.
-std::string keyOf(std::size_t entry);
+std::string keyOf(std::size_t entry, keyOrder order = keyOrder::shuffled);
 std::string textOf(std::size_t entry);
 
 // A file of so many entries, made once in each process.
-std::filesystem::path languageFile(std::size_t entries);
+std::filesystem::path languageFile(std::size_t entries, keyOrder order = keyOrder::shuffled);
 
 } // namespace benchmarks

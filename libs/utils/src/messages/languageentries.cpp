@@ -4,6 +4,8 @@
 // the entry at hand, so what it has given before stays whatever happens later.
 #include "messages/languageentries.h"
 
+#include "text/unitsearch.h"
+
 #include <algorithm>
 
 namespace orlo {
@@ -31,6 +33,15 @@ view trimmedRight(view text, view set)
     return text.substr(0, text.find_last_not_of(set) + 1);
 }
 
+// Most files hold neither mark, and need no walk through their lines for it.
+bool contains(view text, view mark)
+{
+    std::size_t at = indexOfUnit(text, mark[0]);
+    while (at < text.size() && !text.substr(at).starts_with(mark))
+        at = indexOfUnit(text, mark[0], at + 1);
+    return at < text.size();
+}
+
 // The name in an include line; false if the line is none.
 bool parseInclude(view line, string& name)
 {
@@ -50,8 +61,14 @@ view valueText(view line)
         line.remove_prefix(1);
         return line.substr(0, line.rfind(quote));
     }
-    const auto comment = line.rfind(commentMark);
-    return comment == line.npos ? line : trimmedRight(line.substr(0, comment), blanks);
+    if (indexOfUnit(line, commentMark) == line.size()) return line;
+    return trimmedRight(line.substr(0, line.rfind(commentMark)), blanks);
+}
+
+void finishValue(string& value)
+{
+    for (char16_t& unit : value) unit = unit == u'\t' ? u' ' : unit;
+    if (indexOfUnit(value, u'\\') < value.size()) value.replaceAll(u"\\n", u"\n");
 }
 
 } // namespace
@@ -66,8 +83,8 @@ bool languageLines::next(view& line)
     if (m_rest.empty()) return false;
     if (m_complete) ++m_number;
     line = m_rest.substr(0, maxLine);
-    const auto lineFeed = line.find(u'\n');
-    m_complete = lineFeed != line.npos;
+    const std::size_t lineFeed = indexOfUnit(line, u'\n');
+    m_complete = lineFeed < line.size();
     if (m_complete) line = line.substr(0, lineFeed + 1);
     m_rest.remove_prefix(line.size());
     line = line.substr(0, line.find(u'\0'));
@@ -82,7 +99,7 @@ bool languageEntries::next(languageEntry& entry)
             if (!nextLine()) return false;
             entry.value.append(valueText(m_line));
         }
-        entry.value.replaceChar(u'\t', u' ').replaceAll(u"\\n", u"\n");
+        finishValue(entry.value);
         return true;
     }
     return false;
@@ -115,7 +132,7 @@ bool languageEntries::startEntry(languageEntry& entry) const
 std::vector<string> includedNames(view text)
 {
     std::vector<string> names;
-    if (text.find(includeMark) == text.npos) return names;
+    if (!contains(text, includeMark)) return names;
     languageLines lines(text);
     string name;
     for (view line; lines.next(line);)
@@ -125,7 +142,7 @@ std::vector<string> includedNames(view text)
 
 void readCommands(view text, std::vector<string>& commands)
 {
-    if (text.find(commandMark) == text.npos) return;
+    if (!contains(text, commandMark)) return;
     languageLines lines(text);
     for (view line; lines.next(line);) {
         const auto mark = line.find(commandMark);

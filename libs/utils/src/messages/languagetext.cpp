@@ -2,6 +2,7 @@
 
 #include "files/filecontent.h"
 #include "platform/platform.h"
+#include "text/unitsearch.h"
 
 #include <new>
 #include <string_view>
@@ -39,8 +40,8 @@ std::u16string decodeByMark(std::string_view bytes)
 
 void joinLineEnds(std::u16string& text)
 {
-    const auto first = text.find(u'\r');
-    if (first == text.npos) return;
+    const std::size_t first = indexOfUnit(text, u'\r');
+    if (first == text.size()) return;
     auto to = text.begin() + static_cast<std::ptrdiff_t>(first);
     for (auto from = to; from != text.end(); ++from) {
         const bool dropped = *from == u'\r' && from + 1 != text.end() && from[1] == u'\n';
