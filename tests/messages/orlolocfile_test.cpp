@@ -572,6 +572,18 @@ TEST_F(languageFile, findsTheNameInAnIncludeLine)
     });
 }
 
+TEST_F(languageFile, findsIncludeLinesInEveryEncoding)
+{
+    addLanguageFile(morePath, u"key more\n");
+    const std::string line = "#include more.loc\n";
+    std::string pairs("\xFF\xFE");
+    for (const char byte : line) pairs.append(1, byte).append(1, '\0');
+    EXPECT_EQ(textInBytes(line, u"key"), string(u"more"));
+    EXPECT_EQ(textInBytes("\xEF\xBB\xBF" + line, u"key"), string(u"more"));
+    EXPECT_EQ(textInBytes(pairs, u"key"), string(u"more"));
+    EXPECT_EQ(textInBytes("\xFF\xFE" + line, u"key"), string(u"<none>"));
+}
+
 // A line that is longer than a read comes in pieces.
 TEST_F(languageFile, findsIncludeLinesAndCommandsBehind1023Units)
 {

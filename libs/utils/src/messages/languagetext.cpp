@@ -5,7 +5,6 @@
 #include "text/unitsearch.h"
 
 #include <new>
-#include <string_view>
 
 namespace orlo {
 
@@ -24,7 +23,10 @@ std::u16string copyUnits(std::string_view bytes)
 
 std::u16string decodeWith(platform::encoding from, std::string_view bytes)
 {
-    std::u16string units(bytes.size(), u'\0');
+    std::u16string units;
+    units.reserve(bytes.size());
+    platform::expectFilling(units.data(), bytes.size() * sizeof(char16_t));
+    units.resize(bytes.size());
     if (!bytes.empty())
         units.resize(platform::decode(from, bytes.data(), bytes.size(), units.data()));
     return units;
@@ -50,28 +52,40 @@ void joinLineEnds(std::u16string& text)
     text.erase(to, text.end());
 }
 
-std::u16string decoded(const fileContent& content)
+// Whatever the encoding, its units below 128 are bytes of ASCII, or pairs of such a byte and a
+// zero.
+bool mayHold(std::string_view bytes, std::string_view word)
 {
-    std::u16string text =
-        decodeByMark({reinterpret_cast<const char*>(content.bytes.get()), content.size});
-    joinLineEnds(text);
-    return text;
+    if (!bytes.starts_with(utf16Mark)) return bytes.find(word) != bytes.npos;
+    std::string pairs;
+    for (const char letter : word) pairs.append(1, letter).append(1, '\0');
+    return bytes.find(pairs) != bytes.npos;
+}
+
+bool readBytes(const file& source, fileContent& content)
+{
+    fileStatus status;
+    if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return false;
+    const readResult result = readContent(source, static_cast<std::size_t>(status.size), content);
+    return result == readResult::whole || result == readResult::cutShort;
 }
 
 } // namespace
 
 std::optional<std::u16string> readLanguageText(const file& source)
+{
+    return readLanguageTextWith({}, source);
+}
+
+std::optional<std::u16string> readLanguageTextWith(std::string_view word, const file& source)
 try {
-    fileStatus status;
-    if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return std::nullopt;
     fileContent content;
-    switch (readContent(source, static_cast<std::size_t>(status.size), content)) {
-    case readResult::whole:
-    case readResult::cutShort: return decoded(content);
-    case readResult::unopened:
-    case readResult::withoutMemory: break;
-    }
-    return std::nullopt;
+    if (!readBytes(source, content)) return std::nullopt;
+    const std::string_view bytes(reinterpret_cast<const char*>(content.bytes.get()), content.size);
+    if (!mayHold(bytes, word)) return std::nullopt;
+    std::u16string text = decodeByMark(bytes);
+    joinLineEnds(text);
+    return text;
 } catch (const std::bad_alloc&) {
     return std::nullopt;
 }

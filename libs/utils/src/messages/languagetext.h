@@ -3,6 +3,7 @@
 
 #include <optional>
 #include <string>
+#include <string_view>
 
 namespace orlo {
 
@@ -13,5 +14,9 @@ class file;
 // front of a line feed is dropped. What could not be read to its end is cut there. No value if
 // the file does not exist, can't be opened, or does not fit into the memory.
 std::optional<std::u16string> readLanguageText(const file& source);
+
+// The same for a text that is only of use if this word of ASCII stands in it: most often the
+// bytes show that it does not, and then there is no value either.
+std::optional<std::u16string> readLanguageTextWith(std::string_view word, const file& source);
 
 } // namespace orlo

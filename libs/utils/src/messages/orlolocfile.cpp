@@ -69,7 +69,7 @@ void locFile::walk::readOwnIncludes(family& files, std::size_t self, const std::
 {
     locFile& source = *files[self].source;
     if (!source.isReadable()) return;
-    const std::optional<std::u16string> text = readLanguageText(source);
+    const std::optional<std::u16string> text = readLanguageTextWith("#include", source);
     if (!text) return;
 
     std::set<string> known;
