@@ -695,8 +695,9 @@ TEST_F(languageFile, hasNoIncludesWhenItCannotBeReadAtFirst)
 
 TEST_F(languageFile, hasNoIncludesWhenTheSystemTellsThatItCannotBeRead)
 {
-    addLanguageFile(mainPath, u"key value\n#include more.loc\n");
+    addLanguageFile(mainPath, u"key value\n#include more.loc\n#include last.loc\n");
     addLanguageFile(morePath, u"other text\n");
+    addLanguageFile(u"C:\\lang\\last.loc", u"other last\n");
     here.failCall("access", 1);
     locFile from{file(mainPath)};
     EXPECT_EQ(textOf(from, u"key"), string(u"value"));

@@ -118,10 +118,11 @@ TEST(stringTemplate, copiesTextSeverityAndCount)
     counted.insertValue(u"b", nextPlace);
     const stringTemplate constructed(counted);
     EXPECT_EQ(constructed.nextPosition(), 2);
-    copy = counted;
-    EXPECT_EQ(copy.nextPosition(), 2);
-    EXPECT_TRUE(copy.insertValue(u"c", nextPlace));
-    EXPECT_EQ(copy.text(), u"a b c");
+    stringTemplate assigned;
+    assigned = counted;
+    EXPECT_EQ(assigned.nextPosition(), 2);
+    EXPECT_TRUE(assigned.insertValue(u"c", nextPlace));
+    EXPECT_EQ(assigned.text(), u"a b c");
 
     copy = stringTemplate(u"plain");
     EXPECT_EQ(copy.text(), u"plain");
