@@ -202,19 +202,25 @@ TEST(languages, areSetInEveryWayWhileTextsAreLookedUp)
     table.setOverridePrefix(u"");
 }
 
-// A file comes into use with the first text: all threads ask for new ones at the same time.
+// A file comes into use with the first text: all threads ask for new ones at the same time,
+// while the prefix of the files that override them changes.
 TEST(languageFiles, comeIntoUseOnceForAllThreads)
 {
     languageTable& table = languageTable::instance();
-    for (int round = 0; round < 20; ++round) {
-        const languageFile present(numbered(u"new to all ", round) + u".loc");
-        onThreads([&present](std::size_t) {
-            const locString text(u"key", u"default", present.name().c_str());
-            EXPECT_EQ(string(text.getText()), u"the text of the file");
-            EXPECT_TRUE(text.hasText());
+    for (int round = 0; round < 100; ++round) {
+        const languageFile first(numbered(u"first of two new ones ", round) + u".loc");
+        const languageFile second(numbered(u"second of two new ones ", round) + u".loc");
+        onThreads([&](std::size_t thread) {
+            if (thread % 2 == 0)
+                table.setOverridePrefix(numbered(u"a prefix that is long ", round));
+            for (const languageFile* present : {&first, &second}) {
+                const locString text(u"key", u"default", present->name().c_str());
+                EXPECT_EQ(string(text.getText()), u"the text of the file");
+                EXPECT_TRUE(text.hasText());
+            }
         });
-        table.setLanguage(numbered(u"language ", round).c_str());
     }
+    table.setOverridePrefix(u"");
 }
 
 TEST(references, areCountedByAllThreads)
