@@ -29,7 +29,7 @@ TEST_F(entriesSystemTest, seesFilesAndDirectories)
 {
     put("file.txt", "x");
     makeFolder("folder");
-    for (const int mode : {0, 2, 4, 6}) {
+    for (const unsigned mode : {0U, 2U, 4U, 6U}) {
         EXPECT_TRUE(platform::access(path("file.txt"), mode)) << mode;
         EXPECT_TRUE(platform::access(path("folder"), mode)) << mode;
         EXPECT_FALSE(platform::access(path("missing"), mode)) << mode;
