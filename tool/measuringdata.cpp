@@ -1,7 +1,7 @@
 #include "measuringdata.h"
 
 #include "orloreport.h"
-#include "orlotextformat.h"
+#include "orlotextscan.h"
 #include "orlotimetext.h"
 #include "orlotypeconvert.h"
 
@@ -37,8 +37,8 @@ std::tm universalTime(const string& date, const string& time)
 {
     std::array<std::int32_t, 3> ymd{};
     std::array<std::int32_t, 3> hms{};
-    orlo::scanIntegers(date.c_str(), u"%d-%d-%dZ", ymd);
-    orlo::scanIntegers(time.c_str(), u"%d:%d:%dZ", hms);
+    orlo::scanText(date.c_str(), u"%d-%d-%dZ", ymd[0], ymd[1], ymd[2]);
+    orlo::scanText(time.c_str(), u"%d:%d:%dZ", hms[0], hms[1], hms[2]);
 
     std::tm universal{};
     universal.tm_year = lessWrapped(ymd[0], 1900);

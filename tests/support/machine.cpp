@@ -1,6 +1,7 @@
 #include "support/machine.h"
 
 #include "orlounit.h"
+#include "platform/characters.h"
 #include "platform/platform.h"
 #include "platform/utf8codec.h"
 #include "support/allocations.h"
@@ -732,6 +733,33 @@ bool localTime(std::int64_t seconds, std::tm& local)
     if (there < 0 || there > lastSecond) return false;
     local = brokenDown(there);
     return true;
+}
+
+// Not observed: nothing depends on how often they are asked.
+bool isPlainCharacterLocale()
+{
+    return machine::current().characters == machine::characterLocale::plain;
+}
+
+char16_t lowerCaseOf(char16_t unit)
+{
+    const bool western = unit >= 0xC0 && unit <= 0xDE && unit != 0xD7;
+    return western ? static_cast<char16_t>(unit + 32) : lowerUnit(unit);
+}
+
+char16_t upperCaseOf(char16_t unit)
+{
+    const bool western = unit >= 0xE0 && unit <= 0xFE && unit != 0xF7;
+    return western ? static_cast<char16_t>(unit - 32) : upperUnit(unit);
+}
+
+std::size_t widenText(const char* narrow, char16_t* units)
+{
+    const std::string_view text = std::string_view(narrow).substr(0, std::strcspn(narrow, "\x81"));
+    std::transform(text.begin(), text.end(), units, [](char byte) {
+        return byte == '\x80' ? u'\u20AC' : static_cast<char16_t>(static_cast<unsigned char>(byte));
+    });
+    return text.size();
 }
 
 bool queryTimeLocale(string& name)

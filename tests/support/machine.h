@@ -61,6 +61,10 @@ struct machine {
     std::int64_t timeZoneOffset = 0;                       // seconds east of universal time
     string timeLocale = u"C";                              // the current LC_TIME
     string userTimeLocale = u"English_United States.1252"; // what the empty name stands for
+    // The character locale in force: "C", or one like that of western Europe, where the letters
+    // from U+00C0 on have a case, the byte 80 is U+20AC and the byte 81 can't be converted.
+    enum class characterLocale { plain, western };
+    characterLocale characters = characterLocale::plain;
     std::string timeText; // what formatTime gives; empty: "%c" of the "C" locale
     string userSeparator = u".";
     string systemSeparator = u".";

@@ -1,10 +1,13 @@
 #include "orlostring.h"
 
+#include "support/machine.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
 #include <algorithm>
+#include <cstdlib>
+#include <functional>
 #include <map>
 #include <random>
 #include <stdexcept>
@@ -156,6 +159,16 @@ TEST(string, removesEveryUnitOfASet)
     EXPECT_EQ(string(u"abcabc").removeChars(u"ccba"), u"");
 }
 
+TEST(string, removesTheUnitsOfAPieceOfItself)
+{
+    string text(u"a-b-c");
+    text.removeChars(std::u16string_view(text).substr(1, 1));
+    EXPECT_EQ(text, u"abc");
+    string whole(u"abcabc");
+    whole.removeChars(whole);
+    EXPECT_EQ(whole, u"");
+}
+
 // --- Replacing -------------------------------------------------------------------------------
 
 TEST(string, replacesFromLeftToRightAndNotWithinWhatItPutIn)
@@ -289,6 +302,39 @@ TEST(string, lowerCopyLeavesTheTextAsItIs)
     EXPECT_EQ(text, u"AbC");
 }
 
+// The character locale in force on the machine for one test.
+class westernCharacters {
+public:
+    westernCharacters()
+    {
+        orlo::tests::machine::renew().characters = orlo::tests::machine::characterLocale::western;
+    }
+    ~westernCharacters() { orlo::tests::machine::renew(); }
+    westernCharacters(const westernCharacters&) = delete;
+    westernCharacters& operator=(const westernCharacters&) = delete;
+};
+
+TEST(string, changesCaseByTheCharacterLocaleInForce)
+{
+    const westernCharacters locale;
+    EXPECT_EQ(string(u"AXIS \u00c4\u00d7\u0416").toLower(), u"axis \u00e4\u00d7\u0416");
+    EXPECT_EQ(string(u"axis \u00e4\u00f7\u0436").toUpper(), u"AXIS \u00c4\u00f7\u0436");
+    EXPECT_EQ(string(u"\u00c4").lowerCopy(), u"\u00e4");
+}
+
+TEST(string, widensNarrowTextByTheCharacterLocaleInForce)
+{
+    const westernCharacters locale;
+    EXPECT_EQ(string("5 \x80 \xe4"), u"5 \u20ac \u00e4");
+    EXPECT_EQ(string(""), u"");
+}
+
+TEST(string, keepsWhatStandsBeforeNarrowTextThatCantBeConverted)
+{
+    const westernCharacters locale;
+    EXPECT_EQ(string("5 \x80 \x81 mm"), u"5 \u20ac ");
+}
+
 // --- Numbers and the shared text -------------------------------------------------------------
 
 TEST(string, becomesTheTextOfANumber)
@@ -373,23 +419,261 @@ TEST(string, positionsBehindTheEndAreOutOfRange)
     EXPECT_EQ(text.insert(3, u"d").erase(4), u"abcd");
 }
 
+// Each of the standard operations that can grow a text past its limit, by a count.
+void expectRefusal(std::size_t count, const std::function<void(string&, std::size_t)>& grow)
+{
+    string text(u"abc");
+    expectFailure<std::length_error>([&] { grow(text, count); }, "string too long");
+    EXPECT_EQ(text, u"abc");
+}
+
+const std::function<void(string&, std::size_t)> growingOperations[] = {
+    [](string& text, std::size_t n) { text.resize(n); },
+    [](string& text, std::size_t n) { text.resize(n, u'x'); },
+    [](string& text, std::size_t n) { text.reserve(n); },
+    [](string& text, std::size_t n) { text.append(n, u'x'); },
+    [](string& text, std::size_t n) { text.append(u"x", n); },
+    [](string& text, std::size_t n) { text.assign(n, u'x'); },
+    [](string& text, std::size_t n) { text.assign(u"x", n); },
+    [](string& text, std::size_t n) { text.insert(1, n, u'x'); },
+    [](string& text, std::size_t n) { text.insert(1, u"x", n); },
+    [](string& text, std::size_t n) { text.insert(text.begin(), n, u'x'); },
+    [](string& text, std::size_t n) { text.replace(1, 1, n, u'x'); },
+    [](string& text, std::size_t n) { text.replace(1, 1, u"x", n); },
+    [](string& text, std::size_t n) { text.replace(text.begin(), text.end(), n, u'x'); },
+    [](string& text, std::size_t n) { text = string(n, u'x'); },
+    [](string& text, std::size_t n) { text = string(u"x", n); },
+};
+
 TEST(string, cannotGrowPastItsLimit)
 {
     EXPECT_EQ(string::maxLength, 0x7ffffffffffffffeu);
-    string text(u"abc");
-    expectFailure<std::length_error>([&] { text.resize(string::maxLength + 1); },
-                                     "string too long");
-    expectFailure<std::length_error>([&] { text.reserve(string::maxLength + 1); },
-                                     "string too long");
-    EXPECT_EQ(text, u"abc");
+    for (const auto& grow : growingOperations) expectRefusal(string::maxLength + 1, grow);
+}
+
+TEST(string, cannotGrowPastItsLimitByWhatComesToItsUnits)
+{
+    expectRefusal(string::maxLength - 2, [](string& text, std::size_t n) { text.append(n, u'x'); });
+    expectRefusal(string::maxLength - 2,
+                  [](string& text, std::size_t n) { text.insert(3, n, u'x'); });
 }
 
 TEST(string, runsOutOfMemoryBelowItsLimit)
 {
+    for (const auto& grow : growingOperations) {
+        string text(u"abc");
+        EXPECT_THROW(grow(text, string::maxLength - 3), std::bad_alloc);
+        EXPECT_EQ(text, u"abc");
+    }
+}
+
+TEST(string, keepsTheStandardOperationsInAllTheirForms)
+{
+    const string source(u"0123456789");
+    const std::u16string plain(u"plain");
+    const std::u16string_view view(u"view");
+
+    EXPECT_EQ(string(3, u'x'), u"xxx");
+    EXPECT_EQ(string(source, 7), u"789");
+    EXPECT_EQ(string(source, 2, 3), u"234");
+    EXPECT_EQ(string(plain.begin(), plain.end()), u"plain");
+    EXPECT_EQ((string{u'a', u'b'}), u"ab");
+
+    string text;
+    text = u'x';
+    EXPECT_EQ(text, u"x");
+    text = plain;
+    EXPECT_EQ(text, u"plain");
+    text = view;
+    EXPECT_EQ(text, u"view");
+    text = std::u16string(u"moved");
+    EXPECT_EQ(text, u"moved");
+    text = {u'a', u'b'};
+    EXPECT_EQ(text, u"ab");
+    text = {};
+    EXPECT_EQ(text, u"");
+
+    EXPECT_EQ(&(text += u"a"), &text);
+    ((text += u'b') += view) += plain;
+    text += {u'!', u'?'};
+    EXPECT_EQ(text, u"abviewplain!?");
+
+    EXPECT_EQ(text.assign(u"abc"), u"abc");
+    EXPECT_EQ(text.assign(u"abc", 2), u"ab");
+    EXPECT_EQ(text.assign(2, u'x'), u"xx");
+    EXPECT_EQ(text.assign(source, 8), u"89");
+    EXPECT_EQ(text.assign(source, 1, 2), u"12");
+    EXPECT_EQ(text.assign(view), u"view");
+    EXPECT_EQ(text.assign(plain.begin(), plain.end()), u"plain");
+    EXPECT_EQ(text.assign({u'a'}), u"a");
+
+    EXPECT_EQ(text.append(u"bc").append(u"def", 1).append(2, u'x').append(source, 9), u"abcdxx9");
+    EXPECT_EQ(text.append(source, 0, 1).append(view).append(plain.begin(), plain.begin() + 1),
+              u"abcdxx90viewp");
+    EXPECT_EQ(text.append({u'.'}).trimRight(u"."), u"abcdxx90viewp");
+
+    text = u"ab";
+    EXPECT_EQ(text.insert(1, u"--", 1).insert(0, source, 8).insert(0, source, 3, 1), u"389a-b");
+    EXPECT_EQ(text.insert(0, view).insert(1, 2, u'!'), u"v!!iew389a-b");
+    text = u"ab";
+    EXPECT_EQ(text.insert(text.end(), 2, u'x') - text.begin(), 2);
+    EXPECT_EQ(text.insert(text.begin(), plain.begin(), plain.end()) - text.begin(), 0);
+    EXPECT_EQ(text.insert(text.cbegin(), {u'1', u'2'}) - text.begin(), 0);
+    EXPECT_EQ(text, u"12plainabxx");
+
+    text = u"0123";
+    EXPECT_EQ(text.replace(0, 1, 2, u'x'), u"xx123");
+    EXPECT_EQ(text.replace(0, 2, u"abc", 1), u"a123");
+    EXPECT_EQ(text.replace(0, 1, source, 8, 1), u"8123");
+    EXPECT_EQ(text.replace(0, 1, view), u"view123");
+    EXPECT_EQ(text.replace(text.begin(), text.begin() + 4, u"-"), u"-123");
+    EXPECT_EQ(text.replace(text.begin(), text.begin() + 1, {u'a', u'b'}), u"ab123");
+
+    text.reserve(100);
+    EXPECT_GE(text.capacity(), 100u);
+    text.reserve();
+    EXPECT_EQ(text, u"ab123");
+    EXPECT_EQ(text.erase(text.begin(), text.begin() + 2) - text.begin(), 0);
+    EXPECT_EQ(text.erase(), u"");
+
+    EXPECT_EQ(source + u'x', u"0123456789x");
+    EXPECT_EQ(string(u"a") + u'x', u"ax");
+    EXPECT_EQ(u'x' + string(u"a"), u"xa");
+}
+
+TEST(string, positionsBehindTheEndAreOutOfRangeInAllForms)
+{
     string text(u"abc");
-    EXPECT_THROW(text.resize(string::maxLength), std::bad_alloc);
-    EXPECT_THROW(text.reserve(string::maxLength), std::bad_alloc);
-    EXPECT_EQ(text, u"abc");
+    const char* const message = "invalid string position";
+    const auto expectOutOfRange = [&](auto action) {
+        expectFailure<std::out_of_range>(action, message);
+        EXPECT_EQ(text, u"abc");
+    };
+    expectOutOfRange([&] { text.insert(4, u"xy", 1); });
+    expectOutOfRange([&] { text.insert(0, text, 4); });
+    expectOutOfRange([&] { text.replace(4, 0, 1, u'x'); });
+    expectOutOfRange([&] { text.replace(0, 1, text, 4, 1); });
+    expectOutOfRange([&] { text.append(text, 4); });
+    expectOutOfRange([&] { text.assign(text, 4); });
+    expectOutOfRange([&] { static_cast<void>(string(text, 4)); });
+}
+
+// A text of 20 units, which lies on the heap and has no room left.
+string fullText()
+{
+    string text(u"0123456789abcdefghij");
+    text.reserve();
+    return text;
+}
+
+TEST(string, takesPiecesOfItself)
+{
+    const std::u16string_view digits = u"0123456789abcdefghij";
+    const auto piece = [](const string& text) { return std::u16string_view(text).substr(8, 4); };
+
+    string text = fullText();
+    EXPECT_EQ(text.append(piece(text)), string(digits) + u"89ab");
+    text = fullText();
+    EXPECT_EQ(text += piece(text), string(digits) + u"89ab");
+    text = fullText();
+    EXPECT_EQ(text.append(text), string(digits) + string(digits));
+    text = fullText();
+    EXPECT_EQ(text.append(text.c_str() + 18), string(digits) + u"ij");
+    text = fullText();
+    EXPECT_EQ(text.insert(0, piece(text)), u"89ab" + string(digits));
+    text = fullText();
+    EXPECT_EQ(text.insert(10, piece(text)), u"012345678989ababcdefghij");
+    text = fullText();
+    text.reserve(100);
+    EXPECT_EQ(text.insert(10, piece(text)), u"012345678989ababcdefghij") << "with room";
+    text = fullText();
+    EXPECT_EQ(text.insert(1, text.c_str() + 18, 2), u"0ij123456789abcdefghij");
+    text = fullText();
+    EXPECT_EQ(text.replace(9, 2, piece(text)), u"01234567889abbcdefghij");
+    text = fullText();
+    EXPECT_EQ(text.replace(0, 20, piece(text)), u"89ab");
+    text = fullText();
+    EXPECT_EQ(text.assign(piece(text)), u"89ab");
+    text = fullText();
+    EXPECT_EQ(text = text.c_str() + 18, u"ij");
+    text = fullText();
+    EXPECT_EQ(text = piece(text), u"89ab");
+    text = fullText();
+    EXPECT_EQ(text.replaceAll(piece(text), std::u16string_view(text).substr(0, 2)),
+              u"0123456701cdefghij");
+    text = fullText();
+    EXPECT_EQ(text.removeChars(piece(text)), u"01234567cdefghij");
+    text = fullText();
+    EXPECT_EQ(text.trimLeft(std::u16string_view(text).substr(0, 4)), u"456789abcdefghij");
+    text = fullText();
+    EXPECT_EQ(text.trimRight(std::u16string_view(text).substr(16)), u"0123456789abcdef");
+    text = fullText();
+    EXPECT_EQ(text.trimLeft(text), u"");
+    text = fullText();
+    EXPECT_EQ(text.trimRight(text), u"");
+    text = fullText();
+    EXPECT_EQ(std::move(text) + text, string(digits) + string(digits));
+    text = fullText();
+    EXPECT_EQ(std::move(text) + (text.c_str() + 18), string(digits) + u"ij");
+}
+
+TEST(string, splitsAtAPieceOfItselfAndOfTheList)
+{
+    std::vector<string> pieces{u"a,b,c", u","};
+    EXPECT_TRUE(pieces[0].split(pieces[1], pieces));
+    EXPECT_EQ(pieces, (std::vector<string>{u"a", u"b", u"c"}));
+    const string text(u"a,b,c");
+    EXPECT_TRUE(text.split(std::u16string_view(text).substr(1, 1), pieces));
+    EXPECT_EQ(pieces, (std::vector<string>{u"a", u"b", u"c"}));
+}
+
+TEST(string, countsZeroUnitsLikeOthers)
+{
+    const string text(u"a\0b\0c", 5);
+    const string zero(u"\0", 1);
+    EXPECT_EQ(text + zero, string(u"a\0b\0c\0", 6));
+    EXPECT_EQ(zero + text, string(u"\0a\0b\0c", 6));
+    EXPECT_EQ(string(text) + zero, string(u"a\0b\0c\0", 6));
+    EXPECT_EQ(u"x" + text, string(u"xa\0b\0c", 6));
+    EXPECT_EQ(text + u"x", string(u"a\0b\0cx", 6));
+    EXPECT_EQ(text.substr(1), string(u"\0b\0c", 4));
+    EXPECT_EQ(text.substr(0, 2), string(u"a\0", 2));
+    EXPECT_EQ(string(text).replaceAll(zero, u"-"), u"a-b-c");
+    EXPECT_EQ(string(u"a-b").replaceAll(u"-", zero), string(u"a\0b", 3));
+    EXPECT_EQ(string(text).replaceAll(u"c", u"d"), string(u"a\0b\0d", 5));
+    EXPECT_EQ(string(text).removeChars(zero), u"abc");
+    EXPECT_EQ(string(text).removeChars(u"b"), string(u"a\0\0c", 4));
+    EXPECT_EQ(string(text).removeChars(u"c"), string(u"a\0b\0", 4));
+    EXPECT_EQ(string(text).toUpper(), string(u"A\0B\0C", 5));
+    EXPECT_EQ(string(u"a\0", 2).trimRight(zero), u"a");
+    std::vector<string> pieces;
+    EXPECT_TRUE(text.split(zero, pieces));
+    EXPECT_EQ(pieces, (std::vector<string>{u"a", u"b", u"c"}));
+}
+
+// Asks for the shared text when all other static objects have gone: made before it, it is
+// destroyed after whatever the first use of it registered.
+struct lastOfAll {
+    ~lastOfAll()
+    {
+        if (!asked) return;
+        const string& shared = string::emptyString();
+        const bool same = &shared == asked && shared.empty() && shared.c_str()[0] == 0;
+        std::_Exit(same ? 42 : 1);
+    }
+    const string* asked = nullptr;
+};
+
+TEST(string, emptyStringServesDestructorsAtTheEndOfTheProcess)
+{
+    GTEST_FLAG_SET(death_test_style, "threadsafe");
+    EXPECT_EXIT(
+        {
+            static lastOfAll last;
+            last.asked = &string::emptyString();
+            std::exit(0);
+        },
+        testing::ExitedWithCode(42), "");
 }
 
 } // namespace

@@ -1,9 +1,14 @@
 // The one text type of the system: a counted sequence of UTF-16 code units.
 #pragma once
 
+#include <algorithm>
+#include <concepts>
 #include <cstddef>
+#include <initializer_list>
+#include <iterator>
 #include <string>
 #include <string_view>
+#include <type_traits>
 #include <utility>
 #include <vector>
 
@@ -11,9 +16,10 @@ namespace orlo {
 
 // A text of 16-bit units. Copies are deep, equality and order go by unsigned unit, and no
 // operation knows of characters: a surrogate pair is two units everywhere. All operations
-// of std::u16string stay usable. Positions behind the end raise std::out_of_range with the
-// text "invalid string position", growth past maxLength std::length_error with "string too
-// long"; running out of memory passes through as std::bad_alloc.
+// of std::u16string stay usable, also with pieces of the text itself as arguments. Positions
+// behind the end raise std::out_of_range with the text "invalid string position", growth past
+// maxLength std::length_error with "string too long"; running out of memory passes through as
+// std::bad_alloc.
 class string : public std::u16string {
 public:
     static constexpr std::size_t maxLength = 0x7ffffffffffffffe;
@@ -22,10 +28,18 @@ public:
     // Copies up to the first zero unit; `text` must not be null.
     string(const char16_t* text) : std::u16string(text) {}
     // Exactly `count` units, zero units included.
-    string(const char16_t* text, std::size_t count) : std::u16string(text, count) {}
+    string(const char16_t* text, std::size_t count) : std::u16string(text, checkedLength(count)) {}
+    string(std::size_t count, char16_t unit) : std::u16string(checkedLength(count), unit) {}
+    // From `position` on, at most `count` units.
+    string(const string& text, std::size_t position, std::size_t count = npos);
+    template <std::input_iterator Iterator>
+    string(Iterator first, Iterator last) : std::u16string(first, last)
+    {}
+    string(std::initializer_list<char16_t> units) : std::u16string(units) {}
     explicit string(char16_t unit) : std::u16string(1, unit) {}
-    // Each byte becomes the unit of the same value, up to the first zero byte, which is what
-    // the "C" character locale makes of narrow text.
+    // What the runtime library's character locale in force makes of narrow text, up to the first
+    // zero byte: under "C", in which a process begins, each byte the unit of the same value.
+    // Bytes that it can't convert end the text.
     explicit string(const char* narrow);
     explicit string(std::u16string_view view) : std::u16string(view) {}
     string(std::u16string&& other) noexcept : std::u16string(std::move(other)) {}
@@ -51,7 +65,8 @@ public:
     bool split(std::u16string_view delimiter, std::vector<string>& pieces,
                bool firstOnly = false) const;
 
-    // Case of ASCII letters, unit by unit; the length never changes.
+    // Case of letters, unit by unit, under the character locale in force: under "C" that of the
+    // ASCII letters alone. The length never changes.
     string& toLower();
     string& toUpper();
     [[nodiscard]] string lowerCopy() const;
@@ -62,35 +77,123 @@ public:
     // One shared empty text that lives until the process ends.
     static const string& emptyString();
 
-    // The standard operations with a position, whose failures read the same on every runtime
-    // library.
-    string& insert(std::size_t position, std::u16string_view text);
-    string& insert(std::size_t position, std::size_t count, char16_t unit);
+    // The standard operations that can fail, in all their forms.
+    string& operator=(const char16_t* text) { return assign(text); }
+    string& operator=(std::initializer_list<char16_t> units)
+    {
+        std::u16string::operator=(units);
+        return *this;
+    }
+    template <class What>
+    requires(!std::same_as<std::remove_cvref_t<What>, string> &&
+             std::is_assignable_v<std::u16string&, What>) string&
+    operator=(What&& what)
+    {
+        std::u16string::operator=(std::forward<What>(what));
+        return *this;
+    }
+    template <class What>
+    string& operator+=(const What& what)
+    {
+        std::u16string::operator+=(what);
+        return *this;
+    }
+    string& operator+=(std::initializer_list<char16_t> units) { return append(units); }
+    template <class... What>
+    string& assign(const What&... what)
+    {
+        change([&] { std::u16string::assign(what...); }, what...);
+        return *this;
+    }
+    string& assign(std::initializer_list<char16_t> units) { return *this = units; }
+    template <class... What>
+    string& append(const What&... what)
+    {
+        change([&] { std::u16string::append(what...); }, what...);
+        return *this;
+    }
+    string& append(std::initializer_list<char16_t> units)
+    {
+        std::u16string::append(units);
+        return *this;
+    }
+    template <class... What>
+    string& insert(std::size_t position, const What&... what)
+    {
+        change([&] { std::u16string::insert(position, what...); }, what...);
+        return *this;
+    }
     template <class... What>
     iterator insert(const_iterator position, const What&... what)
     {
-        return std::u16string::insert(position, what...);
+        change([&] { position = std::u16string::insert(position, what...); }, what...);
+        return begin() + (position - cbegin());
     }
-    string& replace(std::size_t position, std::size_t count, std::u16string_view text);
+    iterator insert(const_iterator position, std::initializer_list<char16_t> units);
+    template <class... What>
+    string& replace(const What&... what)
+    {
+        change([&] { std::u16string::replace(what...); }, what...);
+        return *this;
+    }
+    string& replace(const_iterator first, const_iterator last,
+                    std::initializer_list<char16_t> units);
     string& erase(std::size_t position = 0, std::size_t count = npos);
-    using std::u16string::erase;
+    iterator erase(const_iterator position) { return std::u16string::erase(position); }
+    iterator erase(const_iterator first, const_iterator last)
+    {
+        return std::u16string::erase(first, last);
+    }
+    void resize(std::size_t units, char16_t fill = 0);
+    void reserve(std::size_t units);
+    void reserve() { shrink_to_fit(); }
     [[nodiscard]] string substr(std::size_t position = 0, std::size_t count = npos) const;
     char16_t& at(std::size_t position);
     [[nodiscard]] const char16_t& at(std::size_t position) const;
-    void reserve(std::size_t units);
-    void resize(std::size_t units, char16_t fill = 0);
 
 private:
+    // Runs a standard operation and gives its failures their texts, which differ from one
+    // runtime library to the other.
+    template <class Operation, class... What>
+    void change(Operation operation, const What&... what)
+    {
+        try {
+            operation();
+        } catch (...) {
+            rethrow(greatestOf(what...));
+        }
+    }
+    // The greatest number among the arguments, which is the count where the text got too long.
+    template <class... What>
+    static std::size_t greatestOf(const What&... what)
+    {
+        std::size_t greatest = 0;
+        const auto look = [&greatest](const auto& argument) {
+            if constexpr (std::integral<std::remove_cvref_t<decltype(argument)>>)
+                greatest = std::max(greatest, static_cast<std::size_t>(argument));
+        };
+        (look(what), ...);
+        return greatest;
+    }
+    [[noreturn]] void rethrow(std::size_t count) const;
     void checkPosition(std::size_t position) const;
-    void checkLength(std::size_t units) const;
+    static std::size_t checkedLength(std::size_t units)
+    {
+        if (units > std::u16string().max_size()) throwLength(units);
+        return units;
+    }
+    [[noreturn]] static void throwLength(std::size_t units);
 };
 
 bool operator==(const string& a, const string& b);
 bool operator==(const string& a, const char16_t* b);
 string operator+(const string& a, const string& b);
 string operator+(const string& a, const char16_t* b);
+string operator+(const string& a, char16_t b);
 string operator+(string&& a, const string& b);
 string operator+(string&& a, const char16_t* b);
+string operator+(string&& a, char16_t b);
 string operator+(const char16_t* a, const string& b);
+string operator+(char16_t a, const string& b);
 
 } // namespace orlo

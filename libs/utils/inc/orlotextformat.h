@@ -1,27 +1,24 @@
-// Printing and scanning of texts by the printf rules of the "C" locale, with typed
-// arguments: nothing is ever read that was not passed.
+// Printing of texts by the wide printf rules of the "C" locale, with typed arguments: nothing is
+// ever read that was not passed.
 #pragma once
-
-#include "orlostring.h"
 
 #include <cstddef>
 #include <cstdint>
 #include <span>
+#include <string>
 
 namespace orlo {
 
-// One value for a conversion. A `long` counts as 32 bits. Texts are not copied: they must
-// outlive the call that prints them; a null text prints as nothing.
+// One value for a conversion. A `long` counts as 32 bits, but for the length letters of 64 bits
+// it gives all that it has. Texts are not copied: they must outlive the call that prints them; a
+// null text prints as nothing. A size or a difference of pointers is of one of these types.
 class formatArgument {
 public:
-    enum class kind { integer, unsignedInteger, floating, unit, text };
+    enum class kind { integer, unsignedInteger, floating, unit, text, pointer };
 
     formatArgument(short value) : m_kind(kind::integer) { m_value.integer = value; }
     formatArgument(int value) : m_kind(kind::integer) { m_value.integer = value; }
-    formatArgument(long value) : m_kind(kind::integer)
-    {
-        m_value.integer = static_cast<std::int32_t>(value);
-    }
+    formatArgument(long value) : m_kind(kind::integer) { m_value.integer = value; }
     formatArgument(long long value) : m_kind(kind::integer), m_bits(64) { m_value.integer = value; }
     formatArgument(unsigned short value) : m_kind(kind::unsignedInteger)
     {
@@ -33,7 +30,7 @@ public:
     }
     formatArgument(unsigned long value) : m_kind(kind::unsignedInteger)
     {
-        m_value.unsignedInteger = static_cast<std::uint32_t>(value);
+        m_value.unsignedInteger = value;
     }
     formatArgument(unsigned long long value) : m_kind(kind::unsignedInteger), m_bits(64)
     {
@@ -42,7 +39,13 @@ public:
     formatArgument(double value) : m_kind(kind::floating) { m_value.floating = value; }
     formatArgument(char16_t value) : m_kind(kind::unit) { m_value.unit = value; }
     formatArgument(const char16_t* value) : m_kind(kind::text) { m_value.text = value; }
-    formatArgument(const string& value) : m_kind(kind::text) { m_value.text = value.c_str(); }
+    formatArgument(const std::u16string& value) : formatArgument(value.c_str()) {}
+    formatArgument(const void* value) : m_kind(kind::pointer), m_bits(64)
+    {
+        m_value.unsignedInteger = reinterpret_cast<std::uintptr_t>(value);
+    }
+    formatArgument(std::nullptr_t) : formatArgument(static_cast<const char16_t*>(nullptr)) {}
+    formatArgument(const char*) = delete; // narrow text has to be widened before
 
     [[nodiscard]] kind type() const { return m_kind; }
     // Width of an integer when no length letter is given: 32 or 64.
@@ -68,41 +71,25 @@ private:
     } m_value;
 };
 
-// Appends the formatted text to `out`. Conversions: % d i o u x X c C s S e E f F g G with
-// the flags, width, precision and length letters of printf. A "*" counts for nothing, "%n"
-// and unknown letters print nothing, and a conversion without an argument prints nothing.
+// Appends the formatted text to `out`, which may be among the arguments. Conversions:
+// % d i o u x X c C s S e E f F g G a A p with the flags, width, precision and length letters of
+// printf: hh 8 bits, h 16, l 32, ll I64 I j z t 64, I32 32; without one, 32 bits or the 64 of the
+// argument's type; of several the last one counts, and texts, units and doubles have no need of
+// any.
+// A "*" takes its argument where one more stands behind it for the value, else it counts for
+// nothing; "%n" and unknown letters print nothing, and so does a conversion without an argument.
 // A width or precision above 2147483647 makes its conversion print nothing.
-void formatText(string& out, const char16_t* format, std::span<const formatArgument> arguments);
+void formatText(std::u16string& out, const char16_t* format,
+                std::span<const formatArgument> arguments);
 
 // The same into a caller's buffer: writes at most `capacity` units, with a terminator only
 // where there is room for it. Returns the number of units written, or -1 if the text was cut.
 int formatText(char16_t* buffer, std::size_t capacity, const char16_t* format,
                std::span<const formatArgument> arguments);
 
-// Text of a double with exactly `precision` decimals and "." as separator; infinities and
-// NaN read "inf", "-inf", "nan" and "-nan". Returns the end of the text; `buffer` has room
-// for 350 units behind the precision.
-char16_t* printFixed(char16_t* buffer, double value, int precision);
-// The same with at most 8 decimals: trailing zeros and a trailing separator are removed.
-// Without memory the text stays as it was.
-void printNumber(string& to, double value);
-
-// Scans of a zero-terminated text, as scanf reads "%ld", "%lu", "%llu" and "%lf": leading white
-// space and a sign are taken, the reading stops at the first unit that can't go on, a number
-// beyond the type becomes the nearest limit. False, with `value` untouched, if no number
-// stands there. "%lu" and "%llu" take a minus sign and negate in their width. scanDouble
-// takes "." as the only separator, and also "inf", "nan" and hexadecimal forms.
-[[nodiscard]] bool scanLong(const char16_t* text, std::int32_t& value);
-[[nodiscard]] bool scanUnsignedLong(const char16_t* text, std::uint32_t& value);
-[[nodiscard]] bool scanUnsignedLongLong(const char16_t* text, std::uint64_t& value);
-[[nodiscard]] bool scanDouble(const char16_t* text, double& value);
-
-// Scans `text` by a format of "%d" and literal units, such as "%d-%d-%dZ"; gives the number
-// of fields read. Fields that were not reached keep their values.
-int scanIntegers(const char16_t* text, const char16_t* format, std::span<std::int32_t> fields);
-
-// Value of hexadecimal digits as wcstol reads them with base 16: white space, a sign and a
-// leading "0x" are taken, 0 where no digit stands, limits beyond 32 bits.
-std::int32_t scanHexadecimal(const char16_t* text);
+// The same into a buffer that the caller knows to be large enough, always with a terminator.
+// Returns the number of units before it.
+int formatTextUnbounded(char16_t* buffer, const char16_t* format,
+                        std::span<const formatArgument> arguments);
 
 } // namespace orlo

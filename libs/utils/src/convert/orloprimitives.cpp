@@ -1,6 +1,7 @@
 // The built-in conversions: between the number types and bool by range, from and to text by
 // the rules of the "C" locale.
-#include "orlotextformat.h"
+#include "orlonumberscan.h"
+#include "orlonumbertext.h"
 #include "orlotypeconvert.h"
 #include "orlounit.h"
 #include "platform/platform.h"

@@ -9,6 +9,9 @@
 #include "orlostringtemplate.h"
 
 #include "messages/outofmemory.h"
+#include "orlonumberscan.h"
+#include "orlonumbertext.h"
+#include "orlotextformat.h"
 #include "orlounit.h"
 
 #include <algorithm>
@@ -103,9 +106,11 @@ bool opensPlace(std::u16string_view text, std::size_t at)
 // A number's text while it waits to be printed as a text: 309 digits, six decimals.
 using numberRoom = char16_t[360];
 
-// What a conversion prints: the value, or its text where a text is wanted.
+// What a conversion prints: the value, its low 8 bits where one character is wanted, or its
+// text where a text is.
 formatArgument toArgument(valueClass wanted, std::int32_t value, numberRoom& room)
 {
+    if (wanted == valueClass::character) return static_cast<signed char>(value);
     if (wanted != valueClass::text) return value;
     const formatArgument number(value);
     formatText(room, std::size(room), u"%d", {&number, 1});
@@ -114,6 +119,8 @@ formatArgument toArgument(valueClass wanted, std::int32_t value, numberRoom& roo
 
 formatArgument toArgument(valueClass wanted, double value, numberRoom& room)
 {
+    if (wanted == valueClass::character)
+        return static_cast<unsigned char>(formatArgument(value).asInteger());
     if (wanted != valueClass::text) return value;
     *printFixed(room, value, 6) = 0;
     return static_cast<const char16_t*>(room);

@@ -1,5 +1,4 @@
-// The reading half of orlotextformat.h: numbers in front of a text.
-#include "orlotextformat.h"
+#include "orlonumberscan.h"
 
 #include "orlounit.h"
 
@@ -28,13 +27,6 @@ bool takeSign(const char16_t*& text)
     return *text++ == u'-';
 }
 
-// A whole number in front of a text, in as many bits as there are.
-struct wholeNumber {
-    bool negative = false;
-    bool tooLarge = false;
-    std::uint64_t magnitude = 0;
-};
-
 constexpr unsigned noDigit = 36;
 
 unsigned digitValue(char16_t unit)
@@ -44,29 +36,16 @@ unsigned digitValue(char16_t unit)
     return lower >= u'a' && lower <= u'z' ? static_cast<unsigned>(lower - u'a' + 10) : noDigit;
 }
 
-// Gives the end of the number, or null if no digit stands there.
-const char16_t* readWhole(const char16_t* text, unsigned base, wholeNumber& number)
+bool beginsHexadecimal(const char16_t* text)
 {
-    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
-    text = skipSpace(text);
-    number.negative = takeSign(text);
-    if (base == 16 && text[0] == u'0' && lowerUnit(text[1]) == u'x' && digitValue(text[2]) < base)
-        text += 2;
-
-    const char16_t* const first = text;
-    for (unsigned digit = digitValue(*text); digit < base; digit = digitValue(*++text)) {
-        number.tooLarge = number.tooLarge || number.magnitude > (most - digit) / base;
-        number.magnitude = number.tooLarge ? most : number.magnitude * base + digit;
-    }
-    return text == first ? nullptr : text;
+    return text[0] == u'0' && lowerUnit(text[1]) == u'x' && digitValue(text[2]) < 16;
 }
 
-std::int32_t limitedToLong(const wholeNumber& number)
+// The base that the digits tell, where none is given.
+unsigned baseOf(const char16_t* digits)
 {
-    constexpr std::uint64_t mostNegative = 0x80000000;
-    const auto magnitude = static_cast<std::int64_t>(
-        std::min(number.magnitude, number.negative ? mostNegative : mostNegative - 1));
-    return static_cast<std::int32_t>(number.negative ? -magnitude : magnitude);
+    if (beginsHexadecimal(digits)) return 16;
+    return digits[0] == u'0' ? 8 : 10;
 }
 
 template <class Target>
@@ -74,14 +53,7 @@ bool scanUnsigned(const char16_t* text, Target& value)
 {
     wholeNumber number;
     if (readWhole(text, 10, number) == nullptr) return false;
-    constexpr Target most = std::numeric_limits<Target>::max();
-    const bool fits = !number.tooLarge && number.magnitude <= most;
-    const auto magnitude = static_cast<Target>(number.magnitude);
-    if (fits) {
-        value = number.negative ? static_cast<Target>(0 - magnitude) : magnitude;
-    } else {
-        value = most;
-    }
+    value = static_cast<Target>(number.unsignedLimitedTo(std::numeric_limits<Target>::digits));
     return true;
 }
 
@@ -114,16 +86,16 @@ plainDecimal readPlain(const char16_t* text)
 
 // Up to 15 digits and a power of ten up to 22 are exact doubles, so that one division gives
 // the nearest value. Exponents, hexadecimal forms and long numbers go the general way.
-bool scanShort(const char16_t* text, double& magnitude)
+const char16_t* readShort(const char16_t* text, double& magnitude)
 {
     static constexpr double powers[] = {1,   1e1, 1e2,  1e3,  1e4,  1e5,  1e6,  1e7,
                                         1e8, 1e9, 1e10, 1e11, 1e12, 1e13, 1e14, 1e15};
     const plainDecimal read = readPlain(text);
     const char16_t next = lowerUnit(*read.end);
     if (read.count == 0 || read.count >= std::size(powers) || next == u'e' || next == u'x')
-        return false;
+        return nullptr;
     magnitude = static_cast<double>(read.digits) / powers[read.decimals];
-    return true;
+    return read.end;
 }
 
 // Units that may be part of a number, as bytes: letters too, for exponents and "infinity".
@@ -183,19 +155,20 @@ bool isBeyondOne(std::string_view text, std::chars_format form)
     return (point - first) * (hexadecimal ? 4 : 1) + exponent > 0;
 }
 
-// Value of unsigned text in the given form; false if it does not begin with a number.
-bool readForm(std::string_view text, std::chars_format form, double& magnitude)
+// Value of unsigned text in the given form; returns its length, 0 if it does not begin with a
+// number.
+std::size_t readForm(std::string_view text, std::chars_format form, double& magnitude)
 {
     const auto read = std::from_chars(text.data(), text.data() + text.size(), magnitude, form);
-    if (read.ec == std::errc::invalid_argument) return false;
+    if (read.ec == std::errc::invalid_argument) return 0;
     if (read.ec == std::errc::result_out_of_range) {
         magnitude = isBeyondOne(text, form) ? std::numeric_limits<double>::infinity() : 0.0;
     }
-    return true;
+    return static_cast<std::size_t>(read.ptr - text.data());
 }
 
 // Behind "0x" only a digit, or a separator and a digit, go on with the number.
-bool beginsHexadecimal(std::string_view text)
+bool beginsHexadecimalForm(std::string_view text)
 {
     const auto isHexadecimal = [text](std::size_t at) {
         return at < text.size() && digitValue(static_cast<char16_t>(text[at])) < 16;
@@ -204,23 +177,67 @@ bool beginsHexadecimal(std::string_view text)
     return marked && (isHexadecimal(2) || (text[2] == '.' && isHexadecimal(3)));
 }
 
-bool scanGeneral(const char16_t* text, double& magnitude)
+const char16_t* readGeneral(const char16_t* text, double& magnitude)
 {
     const narrowNumber number(text);
     // No number goes on at a second sign, but std::from_chars takes "p+-1" for an exponent.
     const std::string_view view = number.view().substr(0, number.view().find("+-"));
-    if (view.starts_with('-')) return false;
-    if (beginsHexadecimal(view)) return readForm(view.substr(2), std::chars_format::hex, magnitude);
-    return readForm(view, std::chars_format::general, magnitude);
+    if (view.starts_with('-')) return nullptr;
+    const bool hexadecimal = beginsHexadecimalForm(view);
+    const std::size_t mark = hexadecimal ? 2 : 0;
+    const auto form = hexadecimal ? std::chars_format::hex : std::chars_format::general;
+    const std::size_t length = readForm(view.substr(mark), form, magnitude);
+    return length == 0 ? nullptr : text + mark + length;
 }
 
 } // namespace
+
+std::int64_t wholeNumber::limitedTo(int bits) const
+{
+    const std::uint64_t mostNegative = std::uint64_t{1} << (bits - 1);
+    const std::uint64_t limited = std::min(magnitude, negative ? mostNegative : mostNegative - 1);
+    return static_cast<std::int64_t>(negative ? 0 - limited : limited);
+}
+
+std::uint64_t wholeNumber::unsignedLimitedTo(int bits) const
+{
+    const std::uint64_t most = ~std::uint64_t{0} >> (64 - bits);
+    if (tooLarge || magnitude > most) return most;
+    return negative ? (0 - magnitude) & most : magnitude;
+}
+
+const char16_t* readWhole(const char16_t* text, unsigned base, wholeNumber& number)
+{
+    constexpr std::uint64_t most = std::numeric_limits<std::uint64_t>::max();
+    text = skipSpace(text);
+    number.negative = takeSign(text);
+    if (base == 0) base = baseOf(text);
+    if (base == 16 && beginsHexadecimal(text)) text += 2;
+
+    const char16_t* const first = text;
+    for (unsigned digit = digitValue(*text); digit < base; digit = digitValue(*++text)) {
+        number.tooLarge = number.tooLarge || number.magnitude > (most - digit) / base;
+        number.magnitude = number.tooLarge ? most : number.magnitude * base + digit;
+    }
+    return text == first ? nullptr : text;
+}
+
+const char16_t* readDouble(const char16_t* text, double& value)
+{
+    text = skipSpace(text);
+    const bool negative = takeSign(text);
+    double magnitude = 0;
+    const char16_t* end = readShort(text, magnitude);
+    if (end == nullptr) end = readGeneral(text, magnitude);
+    if (end != nullptr) value = negative ? -magnitude : magnitude;
+    return end;
+}
 
 bool scanLong(const char16_t* text, std::int32_t& value)
 {
     wholeNumber number;
     if (readWhole(text, 10, number) == nullptr) return false;
-    value = limitedToLong(number);
+    value = static_cast<std::int32_t>(number.limitedTo(32));
     return true;
 }
 
@@ -236,35 +253,14 @@ bool scanUnsignedLongLong(const char16_t* text, std::uint64_t& value)
 
 bool scanDouble(const char16_t* text, double& value)
 {
-    text = skipSpace(text);
-    const bool negative = takeSign(text);
-    double magnitude = 0;
-    if (!scanShort(text, magnitude) && !scanGeneral(text, magnitude)) return false;
-    value = negative ? -magnitude : magnitude;
-    return true;
-}
-
-int scanIntegers(const char16_t* text, const char16_t* format, std::span<std::int32_t> fields)
-{
-    std::size_t count = 0;
-    while (*format != 0 && count < fields.size()) {
-        if (format[0] != u'%' || format[1] != u'd') {
-            if (*text++ != *format++) break;
-            continue;
-        }
-        wholeNumber number;
-        text = readWhole(text, 10, number);
-        if (text == nullptr) break;
-        fields[count++] = limitedToLong(number);
-        format += 2;
-    }
-    return static_cast<int>(count);
+    return readDouble(text, value) != nullptr;
 }
 
 std::int32_t scanHexadecimal(const char16_t* text)
 {
     wholeNumber number;
-    return readWhole(text, 16, number) == nullptr ? 0 : limitedToLong(number);
+    return readWhole(text, 16, number) == nullptr ? 0
+                                                  : static_cast<std::int32_t>(number.limitedTo(32));
 }
 
 } // namespace orlo

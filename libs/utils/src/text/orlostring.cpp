@@ -1,7 +1,8 @@
 #include "orlostring.h"
 
-#include "orlotextformat.h"
+#include "orlonumbertext.h"
 #include "orlounit.h"
+#include "platform/characters.h"
 #include "text/immortal.h"
 
 #include <algorithm>
@@ -20,10 +21,20 @@ namespace {
 
 } // namespace
 
+string::string(const string& text, std::size_t position, std::size_t count)
+{
+    text.checkPosition(position);
+    std::u16string::assign(text, position, count);
+}
+
 string::string(const char* narrow)
 {
     const std::size_t length = std::strlen(narrow);
     std::u16string::resize(length);
+    if (!platform::isPlainCharacterLocale()) {
+        std::u16string::resize(platform::widenText(narrow, data()));
+        return;
+    }
     std::transform(narrow, narrow + length, begin(), [](char byte) {
         return static_cast<char16_t>(static_cast<unsigned char>(byte));
     });
@@ -52,8 +63,10 @@ string& string::trimRight(char16_t unit)
 
 string& string::removeChars(std::u16string_view set)
 {
-    const auto kept =
-        std::remove_if(begin(), end(), [set](char16_t unit) { return set.find(unit) != set.npos; });
+    // A copy, as the set may be a piece of the text whose units are about to move.
+    const std::u16string units(set);
+    const auto kept = std::remove_if(begin(), end(),
+                                     [&units](char16_t unit) { return units.find(unit) != npos; });
     std::u16string::erase(kept, end());
     return *this;
 }
@@ -102,13 +115,19 @@ bool string::split(std::u16string_view delimiter, std::vector<string>& pieces, b
 
 string& string::toLower()
 {
-    std::transform(begin(), end(), begin(), lowerUnit);
+    if (platform::isPlainCharacterLocale())
+        std::transform(begin(), end(), begin(), lowerUnit);
+    else
+        std::transform(begin(), end(), begin(), platform::lowerCaseOf);
     return *this;
 }
 
 string& string::toUpper()
 {
-    std::transform(begin(), end(), begin(), upperUnit);
+    if (platform::isPlainCharacterLocale())
+        std::transform(begin(), end(), begin(), upperUnit);
+    else
+        std::transform(begin(), end(), begin(), platform::upperCaseOf);
     return *this;
 }
 
@@ -131,24 +150,15 @@ const string& string::emptyString()
     return shared.get();
 }
 
-string& string::insert(std::size_t position, std::u16string_view inserted)
+string::iterator string::insert(const_iterator position, std::initializer_list<char16_t> units)
 {
-    checkPosition(position);
-    std::u16string::insert(position, inserted);
-    return *this;
+    return std::u16string::insert(position, units);
 }
 
-string& string::insert(std::size_t position, std::size_t count, char16_t unit)
+string& string::replace(const_iterator first, const_iterator last,
+                        std::initializer_list<char16_t> units)
 {
-    checkPosition(position);
-    std::u16string::insert(position, count, unit);
-    return *this;
-}
-
-string& string::replace(std::size_t position, std::size_t count, std::u16string_view replacement)
-{
-    checkPosition(position);
-    std::u16string::replace(position, count, replacement);
+    std::u16string::replace(first, last, units);
     return *this;
 }
 
@@ -159,10 +169,19 @@ string& string::erase(std::size_t position, std::size_t count)
     return *this;
 }
 
+void string::resize(std::size_t units, char16_t fill)
+{
+    std::u16string::resize(checkedLength(units), fill);
+}
+
+void string::reserve(std::size_t units)
+{
+    std::u16string::reserve(checkedLength(units));
+}
+
 string string::substr(std::size_t position, std::size_t count) const
 {
-    checkPosition(position);
-    return {data() + position, std::min(count, size() - position)};
+    return {*this, position, count};
 }
 
 char16_t& string::at(std::size_t position)
@@ -177,16 +196,15 @@ const char16_t& string::at(std::size_t position) const
     return (*this)[position];
 }
 
-void string::reserve(std::size_t units)
+void string::rethrow(std::size_t count) const
 {
-    checkLength(units);
-    std::u16string::reserve(units);
-}
-
-void string::resize(std::size_t units, char16_t fill)
-{
-    checkLength(units);
-    std::u16string::resize(units, fill);
+    try {
+        throw;
+    } catch (const std::out_of_range&) {
+        throwPosition();
+    } catch (const std::length_error&) {
+        throwLength(count > maxLength - size() ? npos : count);
+    }
 }
 
 void string::checkPosition(std::size_t position) const
@@ -194,11 +212,11 @@ void string::checkPosition(std::size_t position) const
     if (position > size()) throwPosition();
 }
 
-void string::checkLength(std::size_t units) const
+// Where the library's own limit is lower, a length below ours fails for want of memory alone.
+void string::throwLength(std::size_t units)
 {
     if (units > maxLength) throw std::length_error("string too long");
-    // Where the library's own limit is lower: a length below ours fails for want of memory alone.
-    if (units > max_size()) throw std::bad_alloc();
+    throw std::bad_alloc();
 }
 
 bool operator==(const string& a, const string& b)
@@ -227,6 +245,13 @@ string operator+(const string& a, const char16_t* b)
     return sum;
 }
 
+string operator+(const string& a, char16_t b)
+{
+    string sum(a);
+    sum.push_back(b);
+    return sum;
+}
+
 string operator+(string&& a, const string& b)
 {
     a.append(b);
@@ -239,7 +264,20 @@ string operator+(string&& a, const char16_t* b)
     return std::move(a);
 }
 
+string operator+(string&& a, char16_t b)
+{
+    a.push_back(b);
+    return std::move(a);
+}
+
 string operator+(const char16_t* a, const string& b)
+{
+    string sum(a);
+    sum.append(b);
+    return sum;
+}
+
+string operator+(char16_t a, const string& b)
 {
     string sum(a);
     sum.append(b);

@@ -1,6 +1,13 @@
+// How a format becomes a text: formatInto copies what stands between the conversions and reads
+// each conversion into a `conversion`, its flags, counts and length letter; the letter picks one
+// of the printers below. A printer takes its argument as the type that it needs, makes the pieces
+// of a number (sign, mark, digits, exponent) as narrow text with std::to_chars, and puts them
+// with their padding into the output, one that grows or one that is cut. Zeros without end are
+// never stored: they are counts until they are put.
 #include "orlotextformat.h"
 
 #include "orlounit.h"
+#include "text/narrownumber.h"
 
 #include <algorithm>
 #include <array>
@@ -13,20 +20,6 @@
 namespace orlo {
 
 namespace {
-
-// --- Numbers as narrow text ------------------------------------------------------------------
-
-// No double has more than 1074 decimals or 767 digits: what lies behind are zeros.
-constexpr std::size_t exactDecimals = 1100;
-// Sign, 309 digits, separator, decimals.
-constexpr std::size_t narrowRoom = exactDecimals + 350;
-constexpr std::size_t numberDecimals = 8;
-
-char16_t* widen(std::string_view narrow, char16_t* out)
-{
-    return std::transform(narrow.begin(), narrow.end(), out,
-                          [](char byte) { return static_cast<char16_t>(byte); });
-}
 
 // --- Where a formatted text goes -------------------------------------------------------------
 
@@ -42,7 +35,7 @@ public:
 
 class growingOutput : public textOutput {
 public:
-    explicit growingOutput(string& text) : m_text(text) {}
+    explicit growingOutput(std::u16string& text) : m_text(text) {}
     void put(std::u16string_view text) override { m_text.append(text); }
     void putNarrow(std::string_view text) override
     {
@@ -54,7 +47,7 @@ public:
     [[nodiscard]] bool isCut() const override { return false; }
 
 private:
-    string& m_text;
+    std::u16string& m_text;
 };
 
 class boundedOutput : public textOutput {
@@ -110,6 +103,8 @@ struct conversion {
     bool hasPrecision = false;
     std::size_t width = 0;
     std::size_t precision = 0;
+    bool widthIsPassed = false; // by a "*"
+    bool precisionIsPassed = false;
     int bits = 0; // told by a length letter; 0 without one
     char16_t letter = 0;
 };
@@ -131,11 +126,14 @@ const char16_t* readFlags(const char16_t* at, conversion& read)
     }
 }
 
-// A "*" would take an argument that nobody passed.
-const char16_t* readCount(const char16_t* at, std::size_t& count)
+// Whether the argument of a "*" was passed is told later.
+const char16_t* readCount(const char16_t* at, std::size_t& count, bool& isPassed)
 {
     for (; *at == u'*' || isDigitUnit(*at); ++at) {
-        if (*at != u'*') count = std::min(count * 10 + (*at - u'0'), maxCount + 1);
+        if (*at == u'*')
+            isPassed = true;
+        else
+            count = std::min(count * 10 + (*at - u'0'), maxCount + 1);
     }
     return at;
 }
@@ -152,8 +150,8 @@ const char16_t* readLength(const char16_t* at, int& bits)
     static constexpr struct {
         std::u16string_view letters;
         int bits;
-    } lengths[] = {{u"hh", 8},   {u"h", 16},   {u"ll", 64}, {u"l", 32},
-                   {u"I64", 64}, {u"I32", 32}, {u"L", 64}};
+    } lengths[] = {{u"hh", 8}, {u"h", 16}, {u"ll", 64}, {u"l", 32}, {u"I64", 64}, {u"I32", 32},
+                   {u"I", 64}, {u"L", 64}, {u"j", 64},  {u"z", 64}, {u"t", 64}};
 
     for (;;) {
         const auto stands = [at](auto& row) { return startsWith(at, row.letters); };
@@ -168,10 +166,10 @@ const char16_t* readLength(const char16_t* at, int& bits)
 const char16_t* readConversion(const char16_t* at, conversion& read)
 {
     at = readFlags(at, read);
-    at = readCount(at, read.width);
+    at = readCount(at, read.width, read.widthIsPassed);
     if (*at == u'.') {
         read.hasPrecision = true;
-        at = readCount(at + 1, read.precision);
+        at = readCount(at + 1, read.precision, read.precisionIsPassed);
     }
     at = readLength(at, read.bits);
     read.letter = *at;
@@ -182,7 +180,8 @@ const char16_t* readConversion(const char16_t* at, conversion& read)
 
 // The pieces of a printed number, in their order.
 struct numberPieces {
-    std::string_view sign{}; // and "0x"
+    std::string_view sign{};
+    std::string_view mark{}; // "0x"
     std::size_t leadingZeros = 0;
     std::string_view digits{};
     std::string_view point{}; // where the digits hold none but one is asked for
@@ -192,14 +191,16 @@ struct numberPieces {
 
 void putNumber(textOutput& out, const conversion& field, numberPieces number, bool zerosAllowed)
 {
-    const std::size_t length = number.sign.size() + number.leadingZeros + number.digits.size() +
-                               number.point.size() + number.trailingZeros + number.exponent.size();
+    const std::size_t length = number.sign.size() + number.mark.size() + number.leadingZeros +
+                               number.digits.size() + number.point.size() + number.trailingZeros +
+                               number.exponent.size();
     std::size_t padding = field.width > length ? field.width - length : 0;
     if (field.zeros && zerosAllowed && !field.left)
         number.leadingZeros += std::exchange(padding, 0);
 
     if (!field.left) out.fill(padding, u' ');
     out.putNarrow(number.sign);
+    out.putNarrow(number.mark);
     out.fill(number.leadingZeros, u'0');
     out.putNarrow(number.digits);
     out.putNarrow(number.point);
@@ -227,14 +228,19 @@ void upperCase(char* begin, const char* end)
     }
 }
 
-void putInteger(textOutput& out, const conversion& field, std::string_view sign,
+// "0x", in the case of the letter.
+std::string_view hexadecimalMark(const conversion& field)
+{
+    return isUpperLetter(field) ? "0X" : "0x";
+}
+
+void putInteger(textOutput& out, const conversion& field, numberPieces number,
                 std::uint64_t magnitude, int base)
 {
     std::array<char, 24> room;
     char* const end = std::to_chars(room.data(), room.data() + room.size(), magnitude, base).ptr;
     if (isUpperLetter(field)) upperCase(room.data(), end);
 
-    numberPieces number{.sign = sign};
     if (magnitude != 0 || !field.hasPrecision || field.precision > 0) {
         number.digits = {room.data(), static_cast<std::size_t>(end - room.data())};
     }
@@ -258,7 +264,7 @@ void printSigned(textOutput& out, const conversion& field, const formatArgument&
     const std::int64_t value = static_cast<std::int64_t>(bits << surplus) >> surplus;
     const std::uint64_t magnitude =
         value < 0 ? 0 - static_cast<std::uint64_t>(value) : static_cast<std::uint64_t>(value);
-    putInteger(out, field, signOf(value < 0, field), magnitude, 10);
+    putInteger(out, field, {.sign = signOf(value < 0, field)}, magnitude, 10);
 }
 
 void printUnsigned(textOutput& out, const conversion& field, const formatArgument& argument)
@@ -268,34 +274,48 @@ void printUnsigned(textOutput& out, const conversion& field, const formatArgumen
         static_cast<std::uint64_t>(argument.asInteger()) << surplus >> surplus;
     const bool hexadecimal = lowerUnit(field.letter) == u'x';
     const bool marked = hexadecimal && field.alternate && value != 0;
-    const std::string_view mark = !marked ? "" : field.letter == u'X' ? "0X" : "0x";
-    putInteger(out, field, mark, value, hexadecimal ? 16 : field.letter == u'o' ? 8 : 10);
+    const std::string_view mark = marked ? hexadecimalMark(field) : "";
+    putInteger(out, field, {.mark = mark}, value, hexadecimal ? 16 : field.letter == u'o' ? 8 : 10);
+}
+
+// All digits of an address, in upper case.
+void printPointer(textOutput& out, const conversion& field, const formatArgument& argument)
+{
+    conversion digits = field;
+    digits.letter = u'X';
+    digits.hasPrecision = true;
+    digits.precision = 2 * sizeof(void*);
+    putInteger(out, digits, {}, static_cast<std::uint64_t>(argument.asInteger()), 16);
 }
 
 // Splits the text of a number at its exponent, which may be empty.
-void takeDigits(std::string_view text, numberPieces& number)
+void takeDigits(std::string_view text, char exponentMark, numberPieces& number)
 {
-    const std::size_t exponent = std::min(text.find('e'), text.size());
+    const std::size_t exponent = std::min(text.find(exponentMark), text.size());
     number.digits = text.substr(0, exponent);
     number.exponent = text.substr(exponent);
-}
-
-using narrowBuffer = std::array<char, narrowRoom>;
-
-std::string_view convert(narrowBuffer& room, double value, std::chars_format form,
-                         std::size_t precision)
-{
-    const auto decimals = static_cast<int>(std::min(precision, exactDecimals));
-    const char* const end =
-        std::to_chars(room.data(), room.data() + room.size(), value, form, decimals).ptr;
-    return {room.data(), static_cast<std::size_t>(end - room.data())};
 }
 
 void takeDecimals(narrowBuffer& room, double value, std::chars_format form, std::size_t precision,
                   numberPieces& number)
 {
-    takeDigits(convert(room, value, form, precision), number);
+    const char exponentMark = form == std::chars_format::hex ? 'p' : 'e';
+    takeDigits(printNarrow(room, value, form, precision), exponentMark, number);
     number.trailingZeros = precision - std::min(precision, exactDecimals);
+}
+
+// As many digits as it takes, where the precision does not tell.
+void takeHexadecimal(narrowBuffer& room, double value, const conversion& field,
+                     numberPieces& number)
+{
+    number.mark = hexadecimalMark(field);
+    if (field.hasPrecision) {
+        takeDecimals(room, value, std::chars_format::hex, field.precision, number);
+        return;
+    }
+    const char* const end =
+        std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::hex).ptr;
+    takeDigits({room.data(), static_cast<std::size_t>(end - room.data())}, 'p', number);
 }
 
 int exponentOf(std::string_view scientific)
@@ -311,7 +331,7 @@ int exponentOf(std::string_view scientific)
 void takeAllDigits(narrowBuffer& room, double value, std::size_t digits, numberPieces& number)
 {
     const int exponent =
-        exponentOf(convert(room, value, std::chars_format::scientific, digits - 1));
+        exponentOf(printNarrow(room, value, std::chars_format::scientific, digits - 1));
     if (exponent < -4 || (exponent >= 0 && static_cast<std::size_t>(exponent) >= digits)) {
         takeDecimals(room, value, std::chars_format::scientific, digits - 1, number);
         return;
@@ -327,11 +347,13 @@ void takeFinite(narrowBuffer& room, double value, const conversion& field, numbe
     switch (lowerUnit(field.letter)) {
     case u'e': takeDecimals(room, value, std::chars_format::scientific, precision, number); break;
     case u'f': takeDecimals(room, value, std::chars_format::fixed, precision, number); break;
+    case u'a': takeHexadecimal(room, value, field, number); break;
     default:
         if (field.alternate) {
             takeAllDigits(room, value, std::max<std::size_t>(precision, 1), number);
         } else {
-            takeDigits(convert(room, value, std::chars_format::general, precision), number);
+            takeDigits(printNarrow(room, value, std::chars_format::general, precision), 'e',
+                       number);
         }
     }
     if (field.alternate && number.digits.find('.') == std::string_view::npos) number.point = ".";
@@ -345,7 +367,7 @@ void printFloating(textOutput& out, const conversion& field, const formatArgumen
     if (std::isfinite(value)) {
         takeFinite(room, std::fabs(value), field, number);
     } else {
-        takeDigits(convert(room, std::fabs(value), std::chars_format::fixed, 0), number);
+        takeDigits(printNarrow(room, std::fabs(value), std::chars_format::fixed, 0), 'e', number);
     }
     if (isUpperLetter(field))
         upperCase(room.data(), number.exponent.data() + number.exponent.size());
@@ -373,21 +395,11 @@ void printText(textOutput& out, const conversion& field, const formatArgument& a
     putText(out, field, {text, length});
 }
 
-char16_t unitOf(const formatArgument& argument)
-{
-    const std::int64_t value = argument.asInteger();
-    switch (argument.type()) {
-    case formatArgument::kind::text: return *argument.asText();
-    case formatArgument::kind::unit: return static_cast<char16_t>(value);
-    case formatArgument::kind::floating: return static_cast<unsigned char>(value);
-    default: return static_cast<char16_t>(static_cast<signed char>(value));
-    }
-}
-
 void printUnit(textOutput& out, const conversion& field, const formatArgument& argument)
 {
-    if (argument.type() == formatArgument::kind::text && argument.asText() == nullptr) return;
-    const char16_t unit = unitOf(argument);
+    const bool isText = argument.type() == formatArgument::kind::text;
+    if (isText && argument.asText() == nullptr) return;
+    const auto unit = isText ? *argument.asText() : static_cast<char16_t>(argument.asInteger());
     putText(out, field, {&unit, 1});
 }
 
@@ -401,8 +413,8 @@ printFunction printerOf(char16_t letter)
         std::u16string_view letters;
         printFunction print;
     } printers[] = {
-        {u"di", printSigned}, {u"ouxX", printUnsigned}, {u"eEfFgG", printFloating},
-        {u"cC", printUnit},   {u"sS", printText},
+        {u"di", printSigned}, {u"ouxX", printUnsigned}, {u"eEfFgGaA", printFloating},
+        {u"cC", printUnit},   {u"sS", printText},       {u"p", printPointer},
     };
     for (const auto& row : printers) {
         if (row.letters.find(letter) != row.letters.npos) return row.print;
@@ -410,9 +422,36 @@ printFunction printerOf(char16_t letter)
     return nullptr;
 }
 
+// A negative width is a positive one with the flag "-".
+void takeWidth(conversion& field, const formatArgument& argument)
+{
+    const auto width = std::int64_t{static_cast<std::int32_t>(argument.asInteger())};
+    field.left = field.left || width < 0;
+    field.width = static_cast<std::size_t>(width < 0 ? -width : width);
+}
+
+// A negative precision counts as none.
+void takePrecision(conversion& field, const formatArgument& argument)
+{
+    const auto precision = static_cast<std::int32_t>(argument.asInteger());
+    field.hasPrecision = precision >= 0;
+    field.precision = static_cast<std::size_t>(std::max(precision, 0));
+}
+
+// Takes the arguments of each "*" where they and the value itself were passed: a text that
+// comes from a language file may hold a "*" that nobody reckoned with.
+void takeCounts(conversion& field, std::span<const formatArgument>& arguments)
+{
+    const std::size_t counts = std::size_t{field.widthIsPassed} + field.precisionIsPassed;
+    if (arguments.size() <= counts) return;
+    auto argument = arguments.begin();
+    if (field.widthIsPassed) takeWidth(field, *argument++);
+    if (field.precisionIsPassed) takePrecision(field, *argument);
+    arguments = arguments.subspan(counts);
+}
+
 void formatInto(textOutput& out, const char16_t* format, std::span<const formatArgument> arguments)
 {
-    auto argument = arguments.begin();
     while (*format != 0 && !out.isCut()) {
         const char16_t* percent = format;
         while (*percent != 0 && *percent != u'%') ++percent;
@@ -423,9 +462,11 @@ void formatInto(textOutput& out, const char16_t* format, std::span<const formatA
         format = readConversion(percent + 1, field);
         if (field.letter == u'%') out.put(u"%");
         const printFunction print = printerOf(field.letter);
-        if (print == nullptr || argument == arguments.end()) continue;
-        if (field.width <= maxCount && field.precision <= maxCount) print(out, field, *argument);
-        ++argument;
+        if (print == nullptr || arguments.empty()) continue;
+        takeCounts(field, arguments);
+        if (field.width <= maxCount && field.precision <= maxCount)
+            print(out, field, arguments.front());
+        arguments = arguments.subspan(1);
     }
 }
 
@@ -438,7 +479,8 @@ std::int64_t formatArgument::asInteger() const
     constexpr double limit = 9223372036854775808.0;
     switch (m_kind) {
     case kind::integer: return m_value.integer;
-    case kind::unsignedInteger: return static_cast<std::int64_t>(m_value.unsignedInteger);
+    case kind::unsignedInteger:
+    case kind::pointer: return static_cast<std::int64_t>(m_value.unsignedInteger);
     case kind::unit: return m_value.unit;
     case kind::floating:
         // What no 64 bits hold becomes the value that the processor gives for it.
@@ -460,10 +502,14 @@ double formatArgument::asFloating() const
 
 // --- Printing --------------------------------------------------------------------------------
 
-void formatText(string& out, const char16_t* format, std::span<const formatArgument> arguments)
+// Made aside, as the arguments may be pieces of the text that grows.
+void formatText(std::u16string& out, const char16_t* format,
+                std::span<const formatArgument> arguments)
 {
-    growingOutput output(out);
+    std::u16string made;
+    growingOutput output(made);
     formatInto(output, format, arguments);
+    out.append(made);
 }
 
 int formatText(char16_t* buffer, std::size_t capacity, const char16_t* format,
@@ -475,23 +521,10 @@ int formatText(char16_t* buffer, std::size_t capacity, const char16_t* format,
     return output.isCut() ? -1 : static_cast<int>(output.end() - buffer);
 }
 
-char16_t* printFixed(char16_t* buffer, double value, int precision)
+int formatTextUnbounded(char16_t* buffer, const char16_t* format,
+                        std::span<const formatArgument> arguments)
 {
-    narrowBuffer room;
-    const auto decimals = static_cast<std::size_t>(precision < 0 ? 6 : precision);
-    buffer = widen(convert(room, value, std::chars_format::fixed, decimals), buffer);
-    if (decimals <= exactDecimals || !std::isfinite(value)) return buffer;
-    return std::fill_n(buffer, decimals - exactDecimals, u'0');
-}
-
-void printNumber(string& to, double value)
-{
-    narrowBuffer room;
-    std::string_view text = convert(room, value, std::chars_format::fixed, numberDecimals);
-    while (text.size() > 1 && text.back() == '0') text.remove_suffix(1);
-    if (text.back() == '.') text.remove_suffix(1);
-    to.resize(text.size());
-    widen(text, to.data());
+    return formatText(buffer, std::numeric_limits<std::size_t>::max(), format, arguments);
 }
 
 } // namespace orlo

@@ -3,7 +3,7 @@
 // either: the named entities alone come out the same in whatever order they are taken.
 #include "orloxmlentities.h"
 
-#include "orlotextformat.h"
+#include "orlonumberscan.h"
 #include "text/unitsearch.h"
 #include "xml/xmlentities.h"
 
