@@ -4,9 +4,11 @@
 
 #include <gtest/gtest.h>
 
+#include <iterator>
 #include <memory>
 #include <new>
 #include <string>
+#include <string_view>
 
 namespace {
 
@@ -239,6 +241,40 @@ TEST(genericValue, isNoValueWhereTheCloneFailed)
         EXPECT_EQ(assigned.get(), nullptr);
     }
     EXPECT_EQ(living, 0);
+}
+
+TEST(genericValue, makesATextOfEachFormOfText)
+{
+    const std::u16string_view view = u"view";
+    std::u16string plain(u"plain");
+    const genericValue values[] = {
+        genericValue::of(u"literal"),
+        genericValue::of(view),
+        genericValue::of(plain),
+        genericValue::of(static_cast<const char16_t*>(plain.c_str())),
+        genericValue::of(plain.data()),
+        genericValue::of(static_cast<const char16_t*>(nullptr)),
+    };
+    plain.assign(plain.size(), u'#'); // nothing points there
+    const char16_t* const expected[] = {u"literal", u"view", u"plain", u"plain", u"plain", u""};
+    for (std::size_t at = 0; at < std::size(values); ++at) {
+        ASSERT_NE(values[at].value<string>(), nullptr) << at;
+        EXPECT_EQ(*values[at].value<string>(), expected[at]) << at;
+    }
+}
+
+template <class T>
+concept valueOf = requires(T value)
+{
+    genericValue::of(value);
+};
+
+TEST(genericValue, refusesOtherPointers)
+{
+    static_assert(valueOf<const char16_t*> && valueOf<int> && valueOf<string>);
+    static_assert(!valueOf<const char*>);
+    static_assert(!valueOf<int*>);
+    static_assert(!valueOf<const void*>);
 }
 
 } // namespace

@@ -1,5 +1,6 @@
 #include "orlotypeconvert.h"
 
+#include "orlocrc32.h"
 // Every header whose class has converters, so that all of them are counted.
 #include "orlodate.h"
 #include "orlodirectory.h"
@@ -12,8 +13,10 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <functional>
 #include <thread>
+#include <utility>
 #include <vector>
 
 namespace {
@@ -259,6 +262,79 @@ TEST(throughText, handsFlagsAndArgumentsToBothLegs)
     EXPECT_EQ(seen, (std::vector<int>{0x85, 11, 22, -1, 0x85, 11, 22, -1}));
 }
 
+// A leg of a way through text, under a key that its source type decides, that tells its name.
+template <class From, class To>
+class namedLeg final : public typeConverterBase {
+public:
+    explicit namedLeg(int name) : m_name(name) {}
+    [[nodiscard]] const std::type_info& fromType() const override { return typeid(From); }
+    [[nodiscard]] const std::type_info& toType() const override { return typeid(To); }
+    bool convertValue(void*, const void*, unsigned, const argumentList&) const override
+    {
+        ran.push_back(m_name);
+        return true;
+    }
+    static inline std::vector<int> ran;
+
+private:
+    int m_name;
+};
+
+TEST(throughText, takesTheFirstOfSeveralLegsInTheOrderOfTheirKeys)
+{
+    namedLeg<apple, string>::ran.clear();
+    namedLeg<string, plum>::ran.clear();
+    const namedLeg<apple, string> firstWrite(1), secondWrite(2);
+    const namedLeg<string, plum> firstRead(3), secondRead(4);
+    const typeConverterBase* all[] = {&firstWrite, &firstRead, &secondWrite, &secondRead};
+    const converterGroup group(all);
+    plum target;
+    EXPECT_TRUE(convert(target, apple{1}));
+    EXPECT_EQ((namedLeg<apple, string>::ran), std::vector<int>{1});
+    EXPECT_EQ((namedLeg<string, plum>::ran), std::vector<int>{3});
+}
+
+// As when the names of two types share a key: the legs lie under other keys than their own, so
+// that the order of keys can be told from that of registration.
+TEST(throughText, goesThroughTheKeysInTheirOrderAndNotInThatOfRegistration)
+{
+    struct moved final : typeConverterBase {
+        [[nodiscard]] const std::type_info& fromType() const override { return *source; }
+        [[nodiscard]] const std::type_info& toType() const override { return typeid(string); }
+        bool convertValue(void*, const void*, unsigned, const argumentList&) const override
+        {
+            asked = true;
+            return false;
+        }
+        const std::type_info* source = nullptr;
+        mutable bool asked = false;
+    };
+    const auto keyOf = [](const std::type_info& type) {
+        std::uint32_t key = 0xFFFFFFFF;
+        processCrc32().addToCrc(key, type.name(), std::strlen(type.name()) + 1);
+        return ~key;
+    };
+    const std::type_info* low = &typeid(pear);
+    const std::type_info* high = &typeid(plum);
+    if (keyOf(*low) > keyOf(*high)) std::swap(low, high);
+
+    moved underLow, underHigh;
+    underHigh.source = high;
+    underLow.source = low;
+    registry().registerConverter(&underHigh);
+    registry().registerConverter(&underLow);
+    underLow.source = underHigh.source = &typeid(apple);
+    int target = 7;
+    EXPECT_FALSE(convert(target, apple{1}));
+    EXPECT_TRUE(underLow.asked);
+    EXPECT_FALSE(underHigh.asked);
+
+    underHigh.source = high;
+    underLow.source = low;
+    registry().unregisterConverter(&underHigh);
+    registry().unregisterConverter(&underLow);
+}
+
 // --- Single converters ---------------------------------------------------------------------
 
 TEST(typeConverter, tellsItsTypesAndHandsItsArgumentsOn)
@@ -303,6 +379,58 @@ TEST(argumentList, givesTheFallbackForWhatWasNotPassed)
     EXPECT_EQ(arguments.at(1, 9), 6);
     EXPECT_EQ(arguments.at(2, 9), 9);
     EXPECT_EQ(argumentList().at(0, 9), 9);
+}
+
+TEST(convert, takesAnArgumentListInPlaceOfTheArguments)
+{
+    const int hexadecimal[] = {hexLower};
+    string text;
+    EXPECT_TRUE(convert(text, 255, formatGiven, argumentList(hexadecimal)));
+    EXPECT_EQ(text, u"ff");
+    const int decimals[] = {3};
+    EXPECT_TRUE(convert(text, 1.5, widthGiven, argumentList(decimals)));
+    EXPECT_EQ(text, u"1.500");
+    EXPECT_TRUE(convert(text, 1.5, 0, argumentList()));
+    EXPECT_EQ(text, u"1.5");
+    EXPECT_TRUE(convert(text, 1.5, 0, {}));
+    bool flag = false;
+    EXPECT_TRUE(convert(flag, 1.5, 0, argumentList())) << "through the registry";
+    EXPECT_TRUE(flag);
+}
+
+template <class... Arguments>
+concept argumentsOfConvert = requires(string to, Arguments... arguments)
+{
+    convert(to, 1, 0u, arguments...);
+};
+
+TEST(convert, refusesArgumentsThatAreNoNumbers)
+{
+    static_assert(argumentsOfConvert<int, short> && argumentsOfConvert<numberFormat>);
+    static_assert(!argumentsOfConvert<const char16_t*>);
+    static_assert(!argumentsOfConvert<string>);
+}
+
+// Programs were compiled with them.
+TEST(convert, keepsTheValuesOfItsFlags)
+{
+    EXPECT_EQ(static_cast<unsigned>(formatGiven), 1u);
+    EXPECT_EQ(static_cast<unsigned>(widthGiven), 4u);
+    EXPECT_EQ(static_cast<unsigned>(localeNumbers), 8u);
+    EXPECT_EQ(static_cast<int>(hexUpper), 3);
+    EXPECT_EQ(static_cast<int>(hexLower), 4);
+    string text;
+    EXPECT_TRUE(convert(text, 255, 1u, 3));
+    EXPECT_EQ(text, u"FF");
+    text.clear();
+    EXPECT_TRUE(convert(text, 255, 1u, 4));
+    EXPECT_EQ(text, u"ff");
+    EXPECT_TRUE(convert(text, -5, 4u, 4));
+    EXPECT_EQ(text, u"00-5");
+    EXPECT_TRUE(convert(text, 1.5, 4u, 3));
+    EXPECT_EQ(text, u"1.500");
+    EXPECT_TRUE(convert(text, 255, 1u | 4u, 2, 5));
+    EXPECT_EQ(text, u"00255");
 }
 
 // --- Registration --------------------------------------------------------------------------

@@ -727,4 +727,53 @@ TEST(stringTemplate, survivesRandomTexts)
     }
 }
 
+// --- Conversions, copies, and what 32 and 8 bits hold -----------------------------------------
+
+TEST(stringTemplate, looksForAConversionWithinTheFoundPlaceAlone)
+{
+    EXPECT_EQ(filled(u"[x] %d", 1.5, u"x"), u"1.500000 %d");
+    EXPECT_EQ(filled(u"%d [x]", 1.5, u"x"), u"%d 1.500000");
+}
+
+TEST(stringTemplate, copyGoesOnCountingWhereTheOriginalStands)
+{
+    stringTemplate text(u"$1 $2 $3");
+    EXPECT_TRUE(text.insertValue(u"a", nextPlace));
+    stringTemplate copy(text);
+    EXPECT_TRUE(copy.insertValue(u"b", nextPlace));
+    EXPECT_EQ(copy.text(), u"a b $3");
+    stringTemplate assigned;
+    assigned = copy;
+    EXPECT_TRUE(assigned.insertValue(u"c", nextPlace));
+    EXPECT_EQ(assigned.text(), u"a b c");
+}
+
+TEST(stringTemplate, givesTheLow8BitsOfANumberAsACharacter)
+{
+    EXPECT_EQ(filled(u"[x:%c]", 321.0, u"x"), u"A");
+    EXPECT_EQ(filled(u"[x:%c]", 65.9, u"x"), u"A");
+    EXPECT_EQ(filled(u"[x:%c]", 321, u"x"), u"A");
+    EXPECT_EQ(filled(u"[x:%c]", 321L, u"x"), u"A");
+    EXPECT_EQ(filled(u"[x:%c]", static_cast<short>(321), u"x"), u"A");
+    EXPECT_EQ(filled(u"[x:%c]", u'\u0141', u"x"), u"A");
+    EXPECT_EQ(filled(u"[x:%c]", 200, u"x"), u"\uffc8") << "extended with their sign";
+    EXPECT_EQ(filled(u"[x:%c]", 200.0, u"x"), u"\u00c8") << "but not those of a double";
+    EXPECT_EQ(filled(u"[x:%c]", u"\u4e00", u"x"), u"\u4e00") << "the first unit of a text";
+}
+
+TEST(stringTemplate, takes32BitsOfALong)
+{
+    const long value = static_cast<long>(0x100000005LL);
+    EXPECT_EQ(filled(u"[x]", value, u"x"), u"5");
+    EXPECT_EQ(filled(u"[x:%d]", value, u"x"), u"5");
+    EXPECT_EQ(filled(u"[x:%lld]", value, u"x"), u"5");
+    EXPECT_EQ(filled(u"[x:%.1f]", value, u"x"), u"5.0");
+}
+
+TEST(stringTemplate, readsNoArgumentForAStarThatATextHolds)
+{
+    EXPECT_EQ(filled(u"[x:%*d]", 7, u"x"), u"7");
+    EXPECT_EQ(filled(u"[x:%*.*s]", u"abc", u"x"), u"abc");
+}
+
 } // namespace

@@ -5,13 +5,17 @@
 #include "orlotypeconvert.h"
 
 #include <new>
+#include <string>
+#include <string_view>
+#include <type_traits>
 #include <typeinfo>
 #include <utility>
 
 namespace orlo {
 
 // Owns one value of any type, or none. Copies clone the value; a clone for which no memory is
-// left is no value.
+// left is no value. Into a message reach the types string, char16_t, bool, short, int, long,
+// double and locString, each as itself; a value of another type leaves its place open.
 class genericValue {
 public:
     // A value together with its type record.
@@ -92,11 +96,16 @@ public:
     genericValue() = default;
     // Takes ownership; null is no value.
     explicit genericValue(holderbase* owned) : m_holder(owned) {}
+    // A pointer is refused: it would outlive what it points to.
     template <class T>
-    static genericValue of(T value)
+    requires(!std::is_pointer_v<T> && !std::is_null_pointer_v<T>) static genericValue of(T value)
     {
         return genericValue(new valueholder<T>(std::move(value)));
     }
+    // Any form of text becomes a string; a null text counts as the empty one.
+    static genericValue of(const char16_t* text);
+    static genericValue of(std::u16string_view text);
+    static genericValue of(std::u16string text);
     genericValue(const genericValue& other);
     genericValue(genericValue&& other) noexcept : m_holder(std::exchange(other.m_holder, nullptr))
     {}

@@ -6,6 +6,7 @@
 #include "orlostring.h"
 
 #include <array>
+#include <concepts>
 #include <cstddef>
 #include <cstdint>
 #include <map>
@@ -171,19 +172,23 @@ inline constexpr bool
 
 // The built-in conversions. True if the value fitted. A number that does not fit becomes the
 // nearest limit of its target, with false; a text that can't be read leaves the target
-// untouched, with false. A `long` holds 32 bits, whatever its width. Instantiated for the
-// 108 pairs.
+// untouched, with false. A `long` holds 32 bits, whatever its width. A conversion to text
+// replaces what the target held, but for the hexadecimal forms, whose digits are put in front of
+// it. Zeros that fill up a width stand before the sign. Instantiated for the 108 pairs.
 //
 //   int 70000 to short              32767, false
 //   double -0.9 to unsigned         0, false          to int: 0, true
 //   text "12abc" to int             12, true
 //   text "1,5" or "1.5" to double   1.5, true
 //   double 2.0 to text              "2"               at most 8 decimals, never an exponent
+//   int -5 to text, width 4         "00-5"
+//   int 255 to text "old", hexLower "ffold"           the width is not applied
 template <class To, class From>
 bool convertPrimitive(To& to, const From& from, unsigned flags, const argumentList& arguments);
 
 namespace detail {
-// The 108 pairs, and narrow texts to text and back.
+// The 108 pairs, and narrow texts to text and back: `const char` and `const char*` under the
+// character locale in force, std::string always byte by byte, so that both ways fit together.
 converterList primitiveConverters();
 inline converterGroup primitiveConverterGroup{primitiveConverters()};
 } // namespace detail
@@ -191,7 +196,7 @@ inline converterGroup primitiveConverterGroup{primitiveConverters()};
 // Converts `from` into `to`; true if that worked. Built-in pairs run directly, all others
 // go through the registry.
 template <class To, class From>
-bool convertWith(To& to, const From& from, unsigned flags, const argumentList& arguments)
+bool convert(To& to, const From& from, unsigned flags, const argumentList& arguments)
 {
     if constexpr (isPrimitivePair<To, From>)
         return convertPrimitive<To, From>(to, from, flags, arguments);
@@ -201,11 +206,11 @@ bool convertWith(To& to, const From& from, unsigned flags, const argumentList& a
 }
 
 // The same with the optional arguments written out: convert(text, 255, formatGiven, hexLower).
-template <class To, class From, class... Arguments>
+template <class To, class From, std::convertible_to<int>... Arguments>
 bool convert(To& to, const From& from, unsigned flags = 0, Arguments... arguments)
 {
     const std::array<int, sizeof...(arguments)> values{static_cast<int>(arguments)...};
-    return convertWith(to, from, flags, argumentList(values));
+    return convert(to, from, flags, argumentList(values));
 }
 
 } // namespace orlo::typeconvert

@@ -7,8 +7,10 @@
 #include "platform/platform.h"
 
 #include <algorithm>
+#include <array>
 #include <charconv>
 #include <concepts>
+#include <initializer_list>
 #include <iterator>
 #include <limits>
 #include <string>
@@ -276,7 +278,8 @@ bool writeText(string& to, From from, unsigned, const argumentList&)
 
 bool widenByte(string& to, const char& from, unsigned, const argumentList&)
 {
-    to.assign(1, static_cast<unsigned char>(from));
+    const char narrow[] = {from, '\0'};
+    to = from == '\0' ? string(u'\0') : string(narrow);
     return true;
 }
 
@@ -309,7 +312,9 @@ bool narrowText(std::string& to, const string& from, unsigned, const argumentLis
 template <class To, class From>
 bool convertPrimitive(To& to, const From& from, unsigned flags, const argumentList& arguments)
 {
-    if constexpr (std::same_as<To, string>)
+    if constexpr (!isPrimitivePair<To, From>)
+        return false; // made along with its neighbours, and called by nobody
+    else if constexpr (std::same_as<To, string>)
         return writeText(to, from, flags, arguments);
     else if constexpr (std::same_as<From, string>)
         return readText(to, from);
@@ -320,39 +325,27 @@ bool convertPrimitive(To& to, const From& from, unsigned flags, const argumentLi
 // --- The pairs -----------------------------------------------------------------------------
 
 // clang-format off
-// Each type with all types behind it, in both directions.
-#define ORLO_BOTH(use, A, B) use(A, B) use(B, A)
-#define ORLO_WITH_STRING(use, A) ORLO_BOTH(use, A, string)
-#define ORLO_WITH_DOUBLE(use, A) ORLO_BOTH(use, A, double) ORLO_WITH_STRING(use, A)
-#define ORLO_WITH_FLOAT(use, A) ORLO_BOTH(use, A, float) ORLO_WITH_DOUBLE(use, A)
-#define ORLO_WITH_LONGEST(use, A) ORLO_BOTH(use, A, unsigned long long) ORLO_WITH_FLOAT(use, A)
-#define ORLO_WITH_UNSIGNED_LONG(use, A) ORLO_BOTH(use, A, unsigned long) ORLO_WITH_LONGEST(use, A)
-#define ORLO_WITH_LONG(use, A) ORLO_BOTH(use, A, long) ORLO_WITH_UNSIGNED_LONG(use, A)
-#define ORLO_WITH_UNSIGNED(use, A) ORLO_BOTH(use, A, unsigned) ORLO_WITH_LONG(use, A)
-#define ORLO_WITH_INT(use, A) ORLO_BOTH(use, A, int) ORLO_WITH_UNSIGNED(use, A)
-#define ORLO_WITH_UNSIGNED_SHORT(use, A) ORLO_BOTH(use, A, unsigned short) ORLO_WITH_INT(use, A)
-#define ORLO_EACH_NUMBER_PAIR(use)                                                                                     \
-    ORLO_WITH_UNSIGNED_SHORT(use, short)                                                                               \
-    ORLO_WITH_INT(use, unsigned short)                                                                                 \
-    ORLO_WITH_UNSIGNED(use, int)                                                                                       \
-    ORLO_WITH_LONG(use, unsigned)                                                                                      \
-    ORLO_WITH_UNSIGNED_LONG(use, long)                                                                                 \
-    ORLO_WITH_LONGEST(use, unsigned long)                                                                              \
-    ORLO_WITH_FLOAT(use, unsigned long long)                                                                           \
-    ORLO_WITH_DOUBLE(use, float)                                                                                       \
-    ORLO_WITH_STRING(use, double)
-// From float and double to bool the way leads through text.
-#define ORLO_EACH_BOOL_PAIR(use)                                                                                       \
-    ORLO_BOTH(use, bool, short) ORLO_BOTH(use, bool, unsigned short)                                                   \
-    ORLO_BOTH(use, bool, int) ORLO_BOTH(use, bool, unsigned)                                                           \
-    ORLO_BOTH(use, bool, long) ORLO_BOTH(use, bool, unsigned long)                                                     \
-    ORLO_BOTH(use, bool, unsigned long long) ORLO_BOTH(use, bool, string)                                              \
-    use(float, bool) use(double, bool)
-#define ORLO_EACH_PAIR(use) ORLO_EACH_BOOL_PAIR(use) ORLO_EACH_NUMBER_PAIR(use)
-
-#define ORLO_INSTANTIATE(To, From)                                                                                     \
-    template bool convertPrimitive<To, From>(To& to, const From& from, unsigned flags, const argumentList& arguments);
-ORLO_EACH_PAIR(ORLO_INSTANTIATE)
+#define ORLO_INSTANTIATE(To, From) \
+    template bool convertPrimitive<To, From>(To&, const From&, unsigned, const argumentList&);
+#define ORLO_FROM_EACH(To) \
+    ORLO_INSTANTIATE(To, bool) ORLO_INSTANTIATE(To, string) \
+    ORLO_INSTANTIATE(To, short) ORLO_INSTANTIATE(To, unsigned short) \
+    ORLO_INSTANTIATE(To, int) ORLO_INSTANTIATE(To, unsigned) \
+    ORLO_INSTANTIATE(To, long) ORLO_INSTANTIATE(To, unsigned long) \
+    ORLO_INSTANTIATE(To, unsigned long long) \
+    ORLO_INSTANTIATE(To, float) ORLO_INSTANTIATE(To, double)
+// clang-format on
+ORLO_FROM_EACH(bool)
+ORLO_FROM_EACH(string)
+ORLO_FROM_EACH(short)
+ORLO_FROM_EACH(unsigned short)
+ORLO_FROM_EACH(int)
+ORLO_FROM_EACH(unsigned)
+ORLO_FROM_EACH(long)
+ORLO_FROM_EACH(unsigned long)
+ORLO_FROM_EACH(unsigned long long)
+ORLO_FROM_EACH(float)
+ORLO_FROM_EACH(double)
 
 namespace {
 
@@ -364,12 +357,33 @@ constexpr typeConverter<const char*, string> pointerToText{widenPointer};
 constexpr typeConverter<std::string, string> narrowToText{widenText};
 constexpr typeConverter<string, std::string> textToNarrow{narrowText};
 
-#define ORLO_CONVERTER(To, From) &pairConverter<To, From>,
-constexpr const typeConverterBase* allConverters[] = {
-    ORLO_EACH_PAIR(ORLO_CONVERTER) &byteToText, &pointerToText, &narrowToText, &textToNarrow,
-};
-// clang-format on
-static_assert(std::size(allConverters) == 108 + 4);
+constexpr std::size_t pairCount = 108;
+using converterTable = std::array<const typeConverterBase*, pairCount + 4>;
+
+// Writes those of the pairs that there are, and returns their end.
+template <class To, class... From>
+constexpr const typeConverterBase** writePairs(const typeConverterBase** next)
+{
+    ((isPrimitivePair<To, From> ? void(*next++ = &pairConverter<To, From>) : void()), ...);
+    return next;
+}
+
+template <class... Types>
+constexpr converterTable makeTable()
+{
+    converterTable table{};
+    const typeConverterBase** next = table.data();
+    ((next = writePairs<Types, Types...>(next)), ...);
+    for (const auto* other : std::initializer_list<const typeConverterBase*>{
+             &byteToText, &pointerToText, &narrowToText, &textToNarrow})
+        *next++ = other;
+    return table;
+}
+
+constexpr converterTable allConverters =
+    makeTable<bool, short, unsigned short, int, unsigned, long, unsigned long, unsigned long long,
+              float, double, string>();
+static_assert(allConverters.back() == &textToNarrow);
 
 } // namespace
 
