@@ -62,6 +62,26 @@ TEST(crc32, ofRandomBytesEqualsTheSlowOneHoweverTheyArePieced)
     }
 }
 
+TEST(crc32, ofEveryLengthAroundItsStepsEqualsTheSlowOne)
+{
+    std::string bytes;
+    for (int length = 0; length <= 100; ++length) {
+        ASSERT_EQ(checksum(bytes), slowChecksum(bytes)) << length;
+        ASSERT_EQ(checksum(std::string_view(bytes).substr(bytes.size() / 3)),
+                  slowChecksum(std::string_view(bytes).substr(bytes.size() / 3)))
+            << length;
+        bytes.push_back(static_cast<char>(length * 37 + 11));
+    }
+}
+
+TEST(crc32, ofAMegabyteEqualsTheSlowOne)
+{
+    std::string bytes(1 << 20, '\0');
+    std::mt19937 random(20240306);
+    for (char& byte : bytes) byte = static_cast<char>(random());
+    EXPECT_EQ(checksum(bytes), slowChecksum(bytes));
+}
+
 TEST(crc32, staysAsItIsOverNoBytes)
 {
     CCrc32Dynamic crc;
