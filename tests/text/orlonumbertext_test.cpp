@@ -102,4 +102,65 @@ TEST(printNumber, writesAllDigitsOfALargeNumber)
     EXPECT_EQ(text, printed("%.0f", 1e300));
 }
 
+// "%.8f" without its trailing zeros: the slow way.
+string slowText(double value)
+{
+    string text = printed("%.8f", value);
+    text.trimRight(u"0");
+    return text.trimRight(u'.');
+}
+
+TEST(printNumber, agreesWithPrintfOnRandomDoubles)
+{
+    RecordProperty("seed", static_cast<int>(seed));
+    std::mt19937_64 random(seed);
+    for (int round = 0; round < 50000; ++round) {
+        const double value = randomDouble(random);
+        if (std::isinf(value)) continue;
+        ASSERT_EQ(numberText(value), slowText(value)) << value << " seed " << seed;
+        const double near1 =
+            std::ldexp(value, -std::ilogb(value) + static_cast<int>(random() % 70) - 35);
+        if (!std::isfinite(near1)) continue;
+        ASSERT_EQ(numberText(near1), slowText(near1)) << near1 << " seed " << seed;
+    }
+}
+
+// The nearest doubles at both sides of each, too.
+void expectAround(double value)
+{
+    for (const double each :
+         {value, std::nextafter(value, -infinity), std::nextafter(value, infinity)}) {
+        ASSERT_EQ(numberText(each), slowText(each)) << each;
+        ASSERT_EQ(numberText(-each), slowText(-each)) << -each;
+    }
+}
+
+TEST(printNumber, roundsWhereTwoTextsAreEquallyNearToTheEvenOne)
+{
+    EXPECT_EQ(numberText(0.001953125), u"0.00195312");
+    EXPECT_EQ(numberText(0.005859375), u"0.00585938");
+    EXPECT_EQ(numberText(-3.001953125), u"-3.00195312");
+    for (int numerator = 1; numerator < 4096; numerator += 2) {
+        expectAround(numerator / 512.0);
+        expectAround(1000000 + numerator / 512.0);
+    }
+}
+
+TEST(printNumber, carriesIntoTheWholeNumber)
+{
+    EXPECT_EQ(numberText(0.999999996), u"1");
+    EXPECT_EQ(numberText(9.999999995), slowText(9.999999995));
+    EXPECT_EQ(numberText(-99.999999999), u"-100");
+    for (const double whole : {1.0, 10.0, 1e6, 1e9, 1e14, 1e15}) expectAround(whole);
+}
+
+TEST(printNumber, isExactAtItsOwnLimits)
+{
+    for (const double value :
+         {0.0, 5e-9, 1e-8, 1.5e-8, 4.9999999999e-9, std::numeric_limits<double>::min(),
+          std::numeric_limits<double>::denorm_min(), 0.5, 4503599627370496.0, 4503599627370497.5,
+          9007199254740992.0, 9007199254740993.0, 18446744073709551616.0, 1e22})
+        expectAround(value);
+}
+
 } // namespace
