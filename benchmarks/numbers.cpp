@@ -7,6 +7,7 @@
 #include <cmath>
 #include <cstdio>
 #include <cstdlib>
+#include <string_view>
 
 namespace benchmarks {
 
@@ -40,6 +41,18 @@ const std::array<double, 24>& resultNumbers()
 {
     static const std::array<double, 24> numbers = makeNumbers();
     return numbers;
+}
+
+const std::string& megabyte()
+{
+    static const std::string bytes = [] {
+        std::string made(1 << 20, '\0');
+        std::uint32_t state = 1;
+        for (char& byte : made)
+            byte = static_cast<char>((state = state * 1664525 + 1013904223) >> 24);
+        return made;
+    }();
+    return bytes;
 }
 
 std::string withoutZeros(std::string text)
@@ -163,19 +176,18 @@ void inverseProject(benchmark::State& state)
 }
 BENCHMARK(inverseProject)->Name("inverse/frame/project");
 
-void crcProject(benchmark::State& state)
+void crcProject(benchmark::State& state, std::string_view bytes)
 {
-    const auto sum = [] {
+    const auto sum = [](std::string_view of) {
         std::uint32_t crc = 0xFFFFFFFF;
-        processCrc32().addToCrc(crc, typeName, sizeof typeName - 1);
+        processCrc32().addToCrc(crc, of.data(), of.size());
         return ~crc;
     };
-    std::uint32_t check = 0xFFFFFFFF;
-    processCrc32().addToCrc(check, "123456789", 9);
-    if (~check != 0xCBF43926) return state.SkipWithError("the checksum is wrong");
-    for (auto each : state) benchmark::DoNotOptimize(sum());
+    if (sum("123456789") != 0xCBF43926) return state.SkipWithError("the checksum is wrong");
+    for (auto each : state) benchmark::DoNotOptimize(sum(bytes));
 }
-BENCHMARK(crcProject)->Name("crc/type-name/project");
+BENCHMARK_CAPTURE(crcProject, name, typeName)->Name("crc/type-name/project");
+BENCHMARK_CAPTURE(crcProject, megabyte, megabyte())->Name("crc/1M/project");
 
 } // namespace
 

@@ -24,6 +24,9 @@ std::string withoutZeros(std::string text);
 inline constexpr char typeName[] =
     "orlo::typeconvert::typeConverter<unsigned long long, orlo::string>";
 
+// A megabyte without a pattern.
+const std::string& megabyte();
+
 // `print(value)` gives the text to check, `measure(value)` is what is timed.
 template <class Print, class Measure>
 void measurePrinting(benchmark::State& state, Print print, Measure measure)

@@ -727,25 +727,12 @@ TEST(stringTemplate, survivesRandomTexts)
     }
 }
 
-// --- Conversions, copies, and what 32 and 8 bits hold -----------------------------------------
+// --- Conversions, and what 32 and 8 bits hold --------------------------------------------------
 
 TEST(stringTemplate, looksForAConversionWithinTheFoundPlaceAlone)
 {
     EXPECT_EQ(filled(u"[x] %d", 1.5, u"x"), u"1.500000 %d");
     EXPECT_EQ(filled(u"%d [x]", 1.5, u"x"), u"%d 1.500000");
-}
-
-TEST(stringTemplate, copyGoesOnCountingWhereTheOriginalStands)
-{
-    stringTemplate text(u"$1 $2 $3");
-    EXPECT_TRUE(text.insertValue(u"a", nextPlace));
-    stringTemplate copy(text);
-    EXPECT_TRUE(copy.insertValue(u"b", nextPlace));
-    EXPECT_EQ(copy.text(), u"a b $3");
-    stringTemplate assigned;
-    assigned = copy;
-    EXPECT_TRUE(assigned.insertValue(u"c", nextPlace));
-    EXPECT_EQ(assigned.text(), u"a b c");
 }
 
 TEST(stringTemplate, givesTheLow8BitsOfANumberAsACharacter)
