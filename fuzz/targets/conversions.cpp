@@ -1,4 +1,6 @@
 // Numbers and texts into each other, held against the C library and against wider numbers.
+#include "orlotextformat.h"
+#include "orlotextscan.h"
 #include "orlotypeconvert.h"
 
 #include "input.h"
@@ -10,6 +12,7 @@
 #include <cstdlib>
 #include <limits>
 #include <optional>
+#include <span>
 #include <type_traits>
 #include <utility>
 
@@ -258,12 +261,73 @@ void expectTexts(const string& from)
            "a float is the nearest one");
 }
 
+// --- formats -----------------------------------------------------------------------------------
+
+// A width or precision of five digits or more asks for that much text: allowed, but slow.
+bool asksForMuch(const text& format)
+{
+    std::size_t digits = 0;
+    for (const char16_t unit : format) {
+        if (unit >= u'0' && unit <= u'9')
+            ++digits;
+        else if (unit != u'*')
+            digits = 0;
+        if (digits > 4) return true;
+    }
+    return false;
+}
+
+// Any text is a format, for printing and for scanning; the kinds of the arguments change with it.
+void expectFormats(const string& given, int count, double value)
+{
+    if (asksForMuch(given)) return;
+    const char16_t* const format = given.c_str();
+    const formatArgument values[] = {
+        count % 100, value, given, count, u'x', static_cast<const void*>(format), value};
+    for (std::size_t passed = 0; passed <= std::size(values); ++passed) {
+        const std::span<const formatArgument> arguments(values, passed);
+        string whole;
+        formatText(whole, format, arguments);
+        char16_t room[256];
+        const int printed = formatText(room, std::size(room), format, arguments);
+        const bool fits = whole.size() <= std::size(room);
+        expect(printed == (fits ? static_cast<int>(whole.size()) : -1),
+               "a bounded print tells whether the text fitted");
+        expect(whole.compare(0, std::size(room), room, std::min(whole.size(), std::size(room))) ==
+                   0,
+               "and writes as much of it as fits");
+        text unbounded(whole.size() + 1, u'#');
+        expect(formatTextUnbounded(unbounded.data(), format, arguments) ==
+                       static_cast<int>(whole.size()) &&
+                   unbounded == whole + u'\0',
+               "the unbounded print writes the same and a terminator");
+    }
+}
+
+void expectScan(const string& format, const string& from)
+{
+    int whole = 7;
+    double number = 7;
+    string word(u"seven");
+    const int count = scanText(from.c_str(), format.c_str(), whole, number, word);
+    expect(count >= 0 && count <= 3, "a scan fills no more than its targets");
+    if (format.find(u'n') != format.npos) return; // "%n" fills a target and is no field
+    expect(count >= 1 || (number == 7 && word == u"seven"),
+           "targets that were not reached keep their values");
+    expect(count >= 3 || word == u"seven", "the last one too");
+}
+
 } // namespace
 
 void conversions(bytes given)
 {
     tests::machine::renew(); // it keeps each call of the seam, the locks of the registry too
-    expectTexts(textOf(given));
+    const string whole = textOf(given);
+    expectTexts(whole);
+    expectFormats(whole, static_cast<int>(given.size()), 1.5);
+    const std::size_t middle = whole.size() / 2;
+    expectScan(whole.substr(0, middle), whole.substr(middle));
+    expectScan(u"%d %lf%3s", whole);
     input numbers(given);
     const auto bits = numbers.take<std::uint64_t>();
     const int width = static_cast<int>(numbers.take<std::int16_t>()) / 16;

@@ -443,7 +443,10 @@ void takePrecision(conversion& field, const formatArgument& argument)
 void takeCounts(conversion& field, std::span<const formatArgument>& arguments)
 {
     const std::size_t counts = std::size_t{field.widthIsPassed} + field.precisionIsPassed;
-    if (arguments.size() <= counts) return;
+    if (arguments.size() <= counts) {
+        field.hasPrecision = field.hasPrecision && !field.precisionIsPassed;
+        return;
+    }
     auto argument = arguments.begin();
     if (field.widthIsPassed) takeWidth(field, *argument++);
     if (field.precisionIsPassed) takePrecision(field, *argument);
