@@ -304,18 +304,18 @@ void takeDecimals(narrowBuffer& room, double value, std::chars_format form, std:
     number.trailingZeros = precision - std::min(precision, exactDecimals);
 }
 
-// As many digits as it takes, where the precision does not tell.
+// As many digits as it takes, where the precision does not tell: 13 hold every double. (The
+// library's own shortest form would bring its tables of powers along.)
 void takeHexadecimal(narrowBuffer& room, double value, const conversion& field,
                      numberPieces& number)
 {
+    constexpr std::size_t mostDigits = 13;
     number.mark = hexadecimalMark(field);
-    if (field.hasPrecision) {
-        takeDecimals(room, value, std::chars_format::hex, field.precision, number);
-        return;
-    }
-    const char* const end =
-        std::to_chars(room.data(), room.data() + room.size(), value, std::chars_format::hex).ptr;
-    takeDigits({room.data(), static_cast<std::size_t>(end - room.data())}, 'p', number);
+    takeDecimals(room, value, std::chars_format::hex,
+                 field.hasPrecision ? field.precision : mostDigits, number);
+    if (field.hasPrecision) return;
+    number.digits = number.digits.substr(0, number.digits.find_last_not_of('0') + 1);
+    if (number.digits.ends_with('.')) number.digits.remove_suffix(1);
 }
 
 int exponentOf(std::string_view scientific)
