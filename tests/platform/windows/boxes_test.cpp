@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+#include <atomic>
+#include <string>
 #include <thread>
 
 using namespace orlo;
@@ -49,11 +51,13 @@ BOOL CALLBACK takeBox(HWND window, LPARAM context)
     return FALSE;
 }
 
-// Waits for the box of another thread, notes what it is, and presses its button.
-shownBox answerBox(HWND other)
+// Waits for the box of another thread, notes what it is, and presses its button. `over` tells
+// that none will come, as on a system without a display.
+shownBox answerBox(HWND other, const std::atomic<bool>& over)
 {
     HWND box = nullptr;
     while (box == nullptr) {
+        if (over) return {};
         ::Sleep(5);
         ::EnumWindows(takeBox, reinterpret_cast<LPARAM>(&box));
     }
@@ -71,8 +75,10 @@ template <class Show>
 shownBox boxOf(HWND other, Show show)
 {
     shownBox shown;
-    std::thread person([&] { shown = answerBox(other); });
+    std::atomic<bool> over = false;
+    std::thread person([&] { shown = answerBox(other, over); });
     show();
+    over = true;
     person.join();
     return shown;
 }

@@ -1,3 +1,8 @@
+// The normal form comes about in steps on one copy of the text, each of which counts on those
+// before it: a variable, the quotes, one kind of separator, the way from the root, no doubled
+// separators. Then a separator closes the last segment too, so that "\..\" and "\.\" find whole
+// segments as plain text, and at the end it goes again. Nearly normal paths, as those of search
+// hits are, only lose doubled separators and those at their end.
 #include "orlopath.h"
 
 #include "platform/platform.h"
