@@ -10,7 +10,9 @@ if (!document.load(WScript.Arguments.Item(0))) {
 }
 var message = document.documentElement.selectSingleNode("message");
 WScript.Echo("TYPE=" + message.getAttribute("type"));
-WScript.Echo("MESSAGE=" + (message.getAttribute("title") + ": " + message.text).replace(/["%&<>|^\r\n]/g, " "));
+// Without what means something to a batch file, and on one line.
+var text = message.getAttribute("title") + ": " + message.text;
+WScript.Echo("MESSAGE=" + text.replace(/["%&<>|^\r\n]/g, " "));
 
 // Axes and origin are the columns.
 function printMatrix(name, frame) {

@@ -23,12 +23,13 @@ rem A backslash in front of a closing quotation mark would swallow it.
 if "%SLICING:~-1%"=="\" set "SLICING=%SLICING%\"
 if "%TAVEN:~-1%"=="\" set "TAVEN=%TAVEN%\"
 
-set SWITCHES=-cmd:slistat -stat:started "-tavenfldr:%TAVEN%" "-platform:%PLATFORM%"
+set OFPLATFORM="-tavenfldr:%TAVEN%" "-platform:%PLATFORM%"
+set SWITCHES=-cmd:slistat -stat:started %OFPLATFORM%
 call :runTool
 if %CODE% gtr 1 exit /b %CODE%
 echo slicing started
 
-set SWITCHES=-cmd:slistat -stat:ended_success "-slifldr:%SLICING%" "-tavenfldr:%TAVEN%" "-platform:%PLATFORM%"
+set SWITCHES=-cmd:slistat -stat:ended_success "-slifldr:%SLICING%" %OFPLATFORM%
 call :runTool
 if %CODE% gtr 1 exit /b %CODE%
 if %CODE%==1 (echo slicing ended: brought in) else echo slicing ended: nothing brought in
@@ -40,7 +41,7 @@ echo measured
 :ask
 rem After a refusal an old result would still be there.
 if exist "%RESULT%" del /f "%RESULT%"
-set SWITCHES=-cmd:getncs "-out:%RESULT%" "-tavenfldr:%TAVEN%" "-platform:%PLATFORM%" -zoffset:0.25
+set SWITCHES=-cmd:getncs "-out:%RESULT%" %OFPLATFORM% -zoffset:0.25
 call :runTool
 if %CODE% gtr 1 exit /b %CODE%
 if %CODE%==0 goto refused
@@ -107,9 +108,10 @@ move /y "%CODEFILE%.new" "%CODEFILE%" >nul
 exit
 
 
-rem Copy this too: sets TYPE, MESSAGE, and for each frame the elements NCS00 to NCS33, CS00 to CS33.
+rem Copy this too: sets TYPE, MESSAGE, and the elements NCS00 to NCS33 and CS00 to CS33.
 :readResult
-for /f "usebackq tokens=1,* delims==" %%a in (`cscript //nologo "%~dp0readresult.js" "%~1"`) do set "%%a=%%b"
+set "READER=%~dp0readresult.js"
+for /f "usebackq tokens=1,* delims==" %%a in (`cscript //nologo "%READER%" "%~1"`) do set "%%a=%%b"
 for %%f in (NCS CS) do (
     set "%%f30=0"
     set "%%f31=0"

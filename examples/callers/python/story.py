@@ -43,7 +43,7 @@ def run_tool(tool, limit, *switches):
 
 
 def ask(tool, limit, taven, platform, result, zoffset):
-    """Asks where a platform stands and returns the root element of the answer. Copy this one too."""
+    """Asks where a platform stands; returns the root element of the answer. Copy this one too."""
     Path(result).unlink(missing_ok=True)  # after a refusal an old one would still be there
     if not run_tool(tool, limit, "-cmd:getncs", f"-out:{result}", f"-tavenfldr:{taven}",
                     f"-platform:{platform}", f"-zoffset:{zoffset}"):
@@ -61,7 +61,8 @@ def story(tool, slicing, taven, result, platform, measured, limit):
     of_platform = (f"-tavenfldr:{taven}", f"-platform:{platform}")
     run_tool(tool, limit, "-cmd:slistat", "-stat:started", *of_platform)
     print("slicing started")
-    brought = run_tool(tool, limit, "-cmd:slistat", "-stat:ended_success", f"-slifldr:{slicing}", *of_platform)
+    brought = run_tool(tool, limit, "-cmd:slistat", "-stat:ended_success", f"-slifldr:{slicing}",
+                       *of_platform)
     print("slicing ended:", "brought in" if brought else "nothing brought in")
     if measured:
         shutil.copy(measured, Path(taven) / f"MeasuringData_{platform}.xml")
