@@ -42,9 +42,11 @@ makeWindows()
     ) 9>"$WINEPREFIX.lock"
 }
 
-# A server that stays, so that a program does not wait for its start.
+# A server that stays, so that a program does not wait for its start. One that an earlier program
+# left behind would refuse it.
 startWindows()
 {
+    stopWindows
     "$wineServer" -p </dev/null >/dev/null 2>&1
 }
 
