@@ -72,7 +72,8 @@ orlo_fixture(locales ${scripts}/make-locales ${PROJECT_BINARY_DIR}/locales)
 foreach(name entry getncs language measuring slistat surroundings)
   orlo_script_test(runs.${name} ${run_fixtures} ${run} --file ${name})
   if(WIN32)
-    set_tests_properties(runs.${name} PROPERTIES RESOURCE_LOCK desktop)
+    # A start of a process takes longer there.
+    set_tests_properties(runs.${name} PROPERTIES RESOURCE_LOCK desktop TIMEOUT 900)
   endif()
 endforeach()
 
