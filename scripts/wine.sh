@@ -47,7 +47,9 @@ makeWindows()
 startWindows()
 {
     stopWindows
-    "$wineServer" -p </dev/null >/dev/null 2>&1
+    "$wineServer" -p </dev/null >/dev/null 2>&1 || return 1
+    # What comes with the first program stays, and is not to hold the output of a test.
+    wine cmd /c exit </dev/null >/dev/null 2>&1
 }
 
 # Also where none runs it has done its work.
