@@ -12,3 +12,34 @@ install(EXPORT orloTargets NAMESPACE orlo:: DESTINATION lib/cmake/orlo COMPONENT
 write_basic_package_version_file(${PROJECT_BINARY_DIR}/orloConfigVersion.cmake COMPATIBILITY SameMajorVersion)
 install(FILES cmake/orloConfig.cmake ${PROJECT_BINARY_DIR}/orloConfigVersion.cmake
   DESTINATION lib/cmake/orlo COMPONENT library)
+
+# For those who build without CMake.
+if(MINGW)
+  set(orlo_system_libraries "-luser32 -l:libssp.a")
+elseif(WIN32)
+  set(orlo_system_libraries "-luser32")
+else()
+  set(orlo_system_libraries "-pthread")
+endif()
+foreach(name orloutils orlogeo)
+  configure_file(packaging/pkgconfig/${name}.pc.in ${name}.pc @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/${name}.pc DESTINATION lib/pkgconfig COMPONENT library)
+endforeach()
+
+# What there is to read. The page that shows a measured platform comes along where it was made.
+set(ORLO_VIEWER_PAGE ${PROJECT_SOURCE_DIR}/build/viewer/tavenMorrelViewer.html CACHE FILEPATH
+  "The page that shows a measured platform; left out if it is not there")
+if(WIN32)
+  set(orlo_documents doc)
+else()
+  set(orlo_documents share/doc/tavenMorrel)
+  configure_file(packaging/linux/tavenMorrel.1.in tavenMorrel.1 @ONLY)
+  install(FILES ${PROJECT_BINARY_DIR}/tavenMorrel.1 DESTINATION share/man/man1)
+endif()
+install(FILES CHANGELOG.md docs/commandline.md docs/installing.md docs/languagefile.md
+  docs/measuringdata.md docs/measuringdata.xsd docs/result.md docs/result.xsd
+  DESTINATION ${orlo_documents})
+install(FILES ${ORLO_VIEWER_PAGE} DESTINATION ${orlo_documents} OPTIONAL)
+if(TARGET orloLanguageCheck)
+  install(TARGETS orloLanguageCheck RUNTIME DESTINATION bin)
+endif()

@@ -25,6 +25,15 @@ declare -A proofOf=(
     [python3]=python3
     [shellcheck]=shellcheck
     [wine64]=/usr/lib/wine/wine64
+    [dpkg-dev]=dpkg-scanpackages
+    [faketime]=faketime
+    [msitools]=msibuild
+    [wixl]=wixl
+    [xz-utils]=xz
+    [zip]=zip
+    [binutils]=objcopy
+    [lintian]=lintian
+    [osslsigncode]=osslsigncode
     [xvfb]=Xvfb
 )
 
