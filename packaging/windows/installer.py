@@ -155,7 +155,13 @@ def earlier_choices():
         yield insert("RegLocator", Signature_="last" + name, Root=2, Key=PRODUCT_KEY, Name=name, Type=kind)
         yield insert("AppSearch", Property="LAST" + name.upper(), Signature_="last" + name)
     yield from action("TakeLastPlace", 51, "INSTALLDIR", "[LASTINSTALLDIR]", 60,
-                      "LASTINSTALLDIR AND NOT INSTALLDIR AND NOT Installed")
+                      "LASTINSTALLDIR AND NOT INSTALLDIR")
+    # In another folder the changed language files would be missed, and the old ones stay behind.
+    yield from action("WritePlace", 51, "PLACE", "[INSTALLDIR]\\", 65)
+    yield from action("SayMoved", 51, "MOVED", "1", 70,
+                      "LASTINSTALLDIR AND NOT (LASTINSTALLDIR ~= INSTALLDIR OR LASTINSTALLDIR ~= PLACE)")
+    yield insert("LaunchCondition", Condition="Installed OR NOT MOVED",
+                 Description="tavenMorrel lies in [LASTINSTALLDIR]. Remove it before you install it elsewhere.")
     yield ("CREATE TABLE `Condition` (`Feature_` CHAR(38) NOT NULL, `Level` INT NOT NULL,"
            " `Condition` CHAR(255) PRIMARY KEY `Feature_`, `Level`)")
     for name in ("Path", "Library"):
@@ -179,18 +185,13 @@ def upgrade_order():
 def language_files(paths):
     yield ("CREATE TABLE `DrLocator` (`Signature_` CHAR(72) NOT NULL, `Parent` CHAR(72), `Path` CHAR(255),"
            " `Depth` INT PRIMARY KEY `Signature_`, `Parent`, `Path`)")
-    # Of a folder that was moved, the files in the new place are unchanged ones.
-    yield from action("SayMoved", 51, "MOVED", "1", 70,
-                      "LASTINSTALLDIR AND NOT (LASTINSTALLDIR ~= INSTALLDIR)"
-                      " AND NOT (LASTINSTALLDIR ~= PLACE) AND NOT Installed")
-    yield from action("SayPlace", 51, "PLACE", "[INSTALLDIR]\\", 65)
     for path in filter(is_language, paths):
         name = word(path).upper()
         folder = str(pathlib.PurePosixPath(path).parent)
         yield insert("Signature", Signature="changed" + name, FileName=pathlib.PurePosixPath(path).name, MinDate=CHANGED_FROM)
         yield insert("DrLocator", Signature_="changed" + name, Parent="lastInstallDir", Path=folder.replace("/", "\\"), Depth=0)
         yield insert("AppSearch", Property="CHANGED" + name, Signature_="changed" + name)
-        yield (f"UPDATE `Component` SET `ComponentId`='', `Condition`='MOVED OR NOT CHANGED{name}'"
+        yield (f"UPDATE `Component` SET `ComponentId`='', `Condition`='NOT CHANGED{name}'"
                f" WHERE `Component`='c{word(path)}'")
         yield insert("RemoveFile", FileKey="r" + word(path), Component_="cInstallDir",
                      FileName=pathlib.PurePosixPath(path).name, DirProperty="d" + word(folder), InstallMode=2)
