@@ -1,19 +1,22 @@
 # How all of the project's own code is compiled: `orlo_compile(target)`.
 function(orlo_compile target)
   if(MSVC)
-    target_compile_options(${target} PRIVATE /W4 /fp:precise /utf-8 $<$<BOOL:${ORLO_WARNINGS_AS_ERRORS}>:/WX>)
+    target_compile_options(${target} PRIVATE
+      /W4 /fp:precise /utf-8 $<$<BOOL:${ORLO_WARNINGS_AS_ERRORS}>:/WX>)
     return()
   endif()
   # No fused operations: the last digits of a coordinate must not depend on the compiler. A
   # section for each function, so that an executable takes those alone that it needs.
   target_compile_options(${target} PRIVATE
-    -ffp-contract=off -ffunction-sections -fdata-sections -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    -ffp-contract=off -ffunction-sections -fdata-sections
+    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
     $<$<BOOL:${ORLO_WARNINGS_AS_ERRORS}>:-Werror>)
   # Files and directories live by value, also in vectors, and never go by a base pointer.
   target_compile_options(${target} PRIVATE
     $<$<CXX_COMPILER_ID:Clang>:-Wno-delete-non-abstract-non-virtual-dtor>)
   if(ORLO_SANITIZE)
-    target_compile_options(${target} PRIVATE -fsanitize=${ORLO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
+    target_compile_options(${target} PRIVATE
+      -fsanitize=${ORLO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${ORLO_SANITIZE})
   else()
     orlo_harden(${target})
@@ -35,7 +38,8 @@ function(orlo_harden target)
     endif()
   endif()
   target_compile_options(${target} PRIVATE
-    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE> $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=${level}>)
+    $<$<NOT:$<CONFIG:Debug>>:-U_FORTIFY_SOURCE>
+    $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=${level}>)
 endfunction()
 
 # How an executable that is handed over is linked: `orlo_link(target)`. One file that runs wherever

@@ -53,8 +53,10 @@ def main():
     match sys.argv[1:]:
         case ["knows", version]:
             if version not in [entry[0] for entry in versions()]:
-                sys.exit(f"CHANGELOG.md does not know version {version}: give it the heading "
-                         f'"## [{version}] - YYYY-MM-DD" and say what is new.')
+                sys.exit(
+                    f"CHANGELOG.md does not know version {version}: give it the heading "
+                    f'"## [{version}] - YYYY-MM-DD" and say what is new.'
+                )
         case ["debian", package, maintainer]:
             debian(package, maintainer)
         case _:

@@ -47,15 +47,19 @@ def files_of(tree):
 
 
 def folders_of(paths):
-    return sorted({str(parent) for path in paths for parent in pathlib.PurePosixPath(path).parents} - {"."})
+    return sorted(
+        {str(parent) for path in paths for parent in pathlib.PurePosixPath(path).parents} - {"."}
+    )
 
 
 # --- What wixl makes ---
 
 
 def component(path):
-    return (f'<Component Id="c{word(path)}" Guid="{identity(path)}" Win64="yes">'
-            f'<File Id="f{word(path)}" Source={quoteattr(path)} KeyPath="yes"/></Component>')
+    return (
+        f'<Component Id="c{word(path)}" Guid="{identity(path)}" Win64="yes">'
+        f'<File Id="f{word(path)}" Source={quoteattr(path)} KeyPath="yes"/></Component>'
+    )
 
 
 def directory(folder, folders, paths):
@@ -64,42 +68,65 @@ def directory(folder, folders, paths):
     content = "".join(component(path) for path in paths if inside(path))
     for below in filter(inside, folders):
         name = pathlib.PurePosixPath(below).name
-        content += f'<Directory Id="d{word(below)}" Name={quoteattr(name)}>{directory(below, folders, paths)}</Directory>'
+        content += f'<Directory Id="d{word(below)}" Name={quoteattr(name)}>'
+        content += directory(below, folders, paths) + "</Directory>"
     return content
 
 
 def remembered(name, value):
     """A component that is a value of the registry."""
-    return (f'<Component Id="c{name}" Guid="{identity("registry " + name)}" Win64="yes">'
-            f'<RegistryValue Root="HKLM" Key="{PRODUCT_KEY}" Name="{name}" Type="string" Value="{value}"'
-            f' KeyPath="yes"/></Component>')
+    return (
+        f'<Component Id="c{name}" Guid="{identity("registry " + name)}" Win64="yes">'
+        f'<RegistryValue Root="HKLM" Key="{PRODUCT_KEY}" Name="{name}"'
+        f' Type="string" Value="{value}"'
+        f' KeyPath="yes"/></Component>'
+    )
 
 
 def feature(name, title, description, level, components):
     references = "".join(f'<ComponentRef Id="{entry}"/>' for entry in components)
-    return (f'<Feature Id="{name}" Title={quoteattr(title)} Description={quoteattr(description)}'
-            f' Level="{level}">{references}</Feature>')
+    return (
+        f'<Feature Id="{name}" Title={quoteattr(title)} Description={quoteattr(description)}'
+        f' Level="{level}">{references}</Feature>'
+    )
 
 
 def description(paths, version, icon):
     of = lambda name: ["c" + word(path) for path in paths if feature_of(path) == name]
     features = (
-        feature("Tool", "tavenMorrel", "The tool, its texts and documents", 1, of("Tool") + ["cInstallDir"])
-        + feature("Path", "On the path", "Other programs find the tool by its name alone", 1000, ["cPath"])
-        + feature("Library", "Libraries", "Libraries and headers, for programs of your own", 1000,
-                  of("Library") + ["cLibrary"]))
+        feature(
+            "Tool",
+            "tavenMorrel",
+            "The tool, its texts and documents",
+            1,
+            of("Tool") + ["cInstallDir"],
+        )
+        + feature(
+            "Path", "On the path", "Other programs find the tool by its name alone", 1000, ["cPath"]
+        )
+        + feature(
+            "Library",
+            "Libraries",
+            "Libraries and headers, for programs of your own",
+            1000,
+            of("Library") + ["cLibrary"],
+        )
+    )
     return f"""<?xml version="1.0" encoding="utf-8"?>
 <Wix xmlns="http://schemas.microsoft.com/wix/2006/wi">
 <Product Id="{identity("product " + version)}" UpgradeCode="{UPGRADE_CODE}" Name="tavenMorrel"
   Language="1033" Version="{version}" Manufacturer="taven-kolve">
-<Package InstallerVersion="500" Compressed="yes" InstallScope="perMachine" Description="tavenMorrel {version}"/>
+<Package InstallerVersion="500" Compressed="yes" InstallScope="perMachine"
+  Description="tavenMorrel {version}"/>
 <Media Id="1" Cabinet="tavenMorrel.cab" EmbedCab="yes"/>
-<MajorUpgrade DowngradeErrorMessage="A newer version of tavenMorrel is installed. Remove it first."/>
+<MajorUpgrade
+  DowngradeErrorMessage="A newer version of tavenMorrel is installed. Remove it first."/>
 <Icon Id="tavenMorrel.ico" SourceFile={quoteattr(icon)}/>
 <Property Id="ARPPRODUCTICON" Value="tavenMorrel.ico"/>
 <Directory Id="TARGETDIR" Name="SourceDir"><Directory Id="ProgramFiles64Folder">
 <Directory Id="INSTALLDIR" Name="tavenMorrel">{directory(".", folders_of(paths), paths)}
-{remembered("InstallDir", "[INSTALLDIR]")}{remembered("Path", "1")}{remembered("Library", "1")}</Directory>
+{remembered("InstallDir", "[INSTALLDIR]")}{remembered("Path", "1")}{remembered("Library", "1")}
+</Directory>
 </Directory></Directory>
 {features}
 </Product></Wix>
@@ -111,8 +138,16 @@ def description(paths, version, icon):
 
 def insert(table, **row):
     columns = ", ".join(f"`{name}`" for name in row)
-    values = ", ".join(str(value) if isinstance(value, int) else f"'{value}'" for value in row.values())
+    values = ", ".join(
+        str(value) if isinstance(value, int) else f"'{value}'" for value in row.values()
+    )
     return f"INSERT INTO `{table}` ({columns}) VALUES ({values})"
+
+
+def update(table, key, **row):
+    """The first column has the table's name, and is its key."""
+    values = ", ".join(f"`{name}`='{value}'" for name, value in row.items())
+    return f"UPDATE `{table}` SET {values} WHERE `{table}`='{key}'"
 
 
 def action(name, kind, source, target, sequence, condition=""):
@@ -120,8 +155,10 @@ def action(name, kind, source, target, sequence, condition=""):
     row = {"Action": name, "Sequence": sequence}
     if condition:
         row["Condition"] = condition
-    return [insert("CustomAction", Action=name, Type=kind, Source=source, Target=target),
-            insert("InstallExecuteSequence", **row)]
+    return [
+        insert("CustomAction", Action=name, Type=kind, Source=source, Target=target),
+        insert("InstallExecuteSequence", **row),
+    ]
 
 
 def short_names(paths):
@@ -135,16 +172,18 @@ def short_names(paths):
     for folder in folders_of(paths):
         name = pathlib.PurePosixPath(folder).name
         if len(name) > 8:
-            yield (f"UPDATE `Directory` SET `DefaultDir`='{word(folder)[1:8].upper()}|{name}'"
-                   f" WHERE `Directory`='d{word(folder)}'")
-    yield "UPDATE `Directory` SET `DefaultDir`='TAVENM~1|tavenMorrel' WHERE `Directory`='INSTALLDIR'"
+            yield (
+                f"UPDATE `Directory` SET `DefaultDir`='{word(folder)[1:8].upper()}|{name}'"
+                f" WHERE `Directory`='d{word(folder)}'"
+            )
+    yield update("Directory", "INSTALLDIR", DefaultDir="TAVENM~1|tavenMorrel")
 
 
 def versions(paths, version):
     """Programs replace older ones by their version, and have no checksum beside it."""
     for path in paths:
         if path.endswith(".exe"):
-            yield f"UPDATE `File` SET `Version`='{version}.0', `Language`='1033' WHERE `File`='f{word(path)}'"
+            yield update("File", "f" + word(path), Version=version + ".0", Language="1033")
             yield f"DELETE FROM `MsiFileHash` WHERE `File_`='f{word(path)}'"
 
 
@@ -152,72 +191,153 @@ def earlier_choices():
     """Where the last version lies, and what was chosen then, goes for the next one as well."""
     yield insert("InstallExecuteSequence", Action="AppSearch", Sequence=50)
     for name, kind in (("InstallDir", 16), ("Path", 18), ("Library", 18)):
-        yield insert("RegLocator", Signature_="last" + name, Root=2, Key=PRODUCT_KEY, Name=name, Type=kind)
+        yield insert(
+            "RegLocator", Signature_="last" + name, Root=2, Key=PRODUCT_KEY, Name=name, Type=kind
+        )
         yield insert("AppSearch", Property="LAST" + name.upper(), Signature_="last" + name)
-    yield from action("TakeLastPlace", 51, "INSTALLDIR", "[LASTINSTALLDIR]", 60,
-                      "LASTINSTALLDIR AND NOT INSTALLDIR")
+    yield from action(
+        "TakeLastPlace",
+        51,
+        "INSTALLDIR",
+        "[LASTINSTALLDIR]",
+        60,
+        "LASTINSTALLDIR AND NOT INSTALLDIR",
+    )
     # In another folder the changed language files would be missed, and the old ones stay behind.
     yield from action("WritePlace", 51, "PLACE", "[INSTALLDIR]\\", 65)
-    yield from action("SayMoved", 51, "MOVED", "1", 70,
-                      "LASTINSTALLDIR AND NOT (LASTINSTALLDIR ~= INSTALLDIR OR LASTINSTALLDIR ~= PLACE)")
-    yield insert("LaunchCondition", Condition="Installed OR NOT MOVED",
-                 Description="tavenMorrel lies in [LASTINSTALLDIR]. Remove it before you install it elsewhere.")
-    yield ("CREATE TABLE `Condition` (`Feature_` CHAR(38) NOT NULL, `Level` INT NOT NULL,"
-           " `Condition` CHAR(255) PRIMARY KEY `Feature_`, `Level`)")
+    yield from action(
+        "SayMoved",
+        51,
+        "MOVED",
+        "1",
+        70,
+        "LASTINSTALLDIR AND NOT (LASTINSTALLDIR ~= INSTALLDIR OR LASTINSTALLDIR ~= PLACE)",
+    )
+    yield insert(
+        "LaunchCondition",
+        Condition="Installed OR NOT MOVED",
+        Description="tavenMorrel lies in [LASTINSTALLDIR]. Remove it before you move it.",
+    )
+    yield (
+        "CREATE TABLE `Condition` (`Feature_` CHAR(38) NOT NULL, `Level` INT NOT NULL,"
+        " `Condition` CHAR(255) PRIMARY KEY `Feature_`, `Level`)"
+    )
     for name in ("Path", "Library"):
         yield insert("Condition", Feature_=name, Level=1, Condition="LAST" + name.upper())
 
 
 def path_entry():
-    yield ("CREATE TABLE `Environment` (`Environment` CHAR(72) NOT NULL, `Name` CHAR(255) NOT NULL LOCALIZABLE,"
-           " `Value` CHAR(255) LOCALIZABLE, `Component_` CHAR(72) NOT NULL PRIMARY KEY `Environment`)")
-    yield insert("Environment", Environment="path", Name="=-*PATH", Value="[~];[INSTALLDIR]bin", Component_="cPath")
+    yield (
+        "CREATE TABLE `Environment` (`Environment` CHAR(72) NOT NULL,"
+        " `Name` CHAR(255) NOT NULL LOCALIZABLE,"
+        " `Value` CHAR(255) LOCALIZABLE, `Component_` CHAR(72) NOT NULL PRIMARY KEY `Environment`)"
+    )
+    yield insert(
+        "Environment",
+        Environment="path",
+        Name="=-*PATH",
+        Value="[~];[INSTALLDIR]bin",
+        Component_="cPath",
+    )
     yield insert("InstallExecuteSequence", Action="WriteEnvironmentStrings", Sequence=5200)
     yield insert("InstallExecuteSequence", Action="RemoveEnvironmentStrings", Sequence=3300)
 
 
 def upgrade_order():
     """The last version goes after the next one has come, so that what they share stays."""
-    yield "UPDATE `InstallExecuteSequence` SET `Sequence`=5950 WHERE `Action`='RemoveExistingProducts'"
+    moved = "UPDATE `InstallExecuteSequence` SET `Sequence`=5950 WHERE `Action`='{}'"
+    yield moved.format("RemoveExistingProducts")
     yield insert("InstallExecuteSequence", Action="InstallExecute", Sequence=5900)
 
 
 def language_files(paths):
-    yield ("CREATE TABLE `DrLocator` (`Signature_` CHAR(72) NOT NULL, `Parent` CHAR(72), `Path` CHAR(255),"
-           " `Depth` INT PRIMARY KEY `Signature_`, `Parent`, `Path`)")
+    yield (
+        "CREATE TABLE `DrLocator` (`Signature_` CHAR(72) NOT NULL, `Parent` CHAR(72),"
+        " `Path` CHAR(255),"
+        " `Depth` INT PRIMARY KEY `Signature_`, `Parent`, `Path`)"
+    )
     for path in filter(is_language, paths):
         name = word(path).upper()
         folder = str(pathlib.PurePosixPath(path).parent)
-        yield insert("Signature", Signature="changed" + name, FileName=pathlib.PurePosixPath(path).name, MinDate=CHANGED_FROM)
-        yield insert("DrLocator", Signature_="changed" + name, Parent="lastInstallDir", Path=folder.replace("/", "\\"), Depth=0)
+        yield insert(
+            "Signature",
+            Signature="changed" + name,
+            FileName=pathlib.PurePosixPath(path).name,
+            MinDate=CHANGED_FROM,
+        )
+        yield insert(
+            "DrLocator",
+            Signature_="changed" + name,
+            Parent="lastInstallDir",
+            Path=folder.replace("/", "\\"),
+            Depth=0,
+        )
         yield insert("AppSearch", Property="CHANGED" + name, Signature_="changed" + name)
-        yield (f"UPDATE `Component` SET `ComponentId`='', `Condition`='NOT CHANGED{name}'"
-               f" WHERE `Component`='c{word(path)}'")
-        yield insert("RemoveFile", FileKey="r" + word(path), Component_="cInstallDir",
-                     FileName=pathlib.PurePosixPath(path).name, DirProperty="d" + word(folder), InstallMode=2)
+        yield (
+            f"UPDATE `Component` SET `ComponentId`='', `Condition`='NOT CHANGED{name}'"
+            f" WHERE `Component`='c{word(path)}'"
+        )
+        yield insert(
+            "RemoveFile",
+            FileKey="r" + word(path),
+            Component_="cInstallDir",
+            FileName=pathlib.PurePosixPath(path).name,
+            DirProperty="d" + word(folder),
+            InstallMode=2,
+        )
     for folder in folders_of(paths):
-        yield insert("RemoveFile", FileKey="r" + word(folder), Component_="cInstallDir", DirProperty="d" + word(folder),
-                     InstallMode=2)
-    yield insert("RemoveFile", FileKey="rRoot", Component_="cInstallDir", DirProperty="INSTALLDIR", InstallMode=2)
+        yield insert(
+            "RemoveFile",
+            FileKey="r" + word(folder),
+            Component_="cInstallDir",
+            DirProperty="d" + word(folder),
+            InstallMode=2,
+        )
+    yield insert(
+        "RemoveFile",
+        FileKey="rRoot",
+        Component_="cInstallDir",
+        DirProperty="INSTALLDIR",
+        InstallMode=2,
+    )
 
 
 def secure_properties(paths):
     """Those that the part of the installer with more rights may take from the other."""
-    names = ["WIX_DOWNGRADE_DETECTED", "WIX_UPGRADE_DETECTED", "INSTALLDIR", "MOVED", "PLACE",
-             "LASTINSTALLDIR", "LASTPATH", "LASTLIBRARY"]
+    names = [
+        "WIX_DOWNGRADE_DETECTED",
+        "WIX_UPGRADE_DETECTED",
+        "INSTALLDIR",
+        "MOVED",
+        "PLACE",
+        "LASTINSTALLDIR",
+        "LASTPATH",
+        "LASTLIBRARY",
+    ]
     names += ["CHANGED" + word(path).upper() for path in filter(is_language, paths)]
-    yield f"UPDATE `Property` SET `Value`='{';'.join(names)}' WHERE `Property`='SecureCustomProperties'"
+    yield update("Property", "SecureCustomProperties", Value=";".join(names))
 
 
 def run(epoch, *command, **options):
     """At a time that stands still."""
-    moment = subprocess.run(["date", "-u", "-d", f"@{epoch}", "+%F %T"], capture_output=True, text=True, check=True)
-    subprocess.run(["faketime", "-f", moment.stdout.strip(), *command], check=True,
-                   env={**os.environ, "NO_FAKE_STAT": "1", "TZ": "UTC"}, **options)
+    moment = subprocess.run(
+        ["date", "-u", "-d", f"@{epoch}", "+%F %T"], capture_output=True, text=True, check=True
+    )
+    subprocess.run(
+        ["faketime", "-f", moment.stdout.strip(), *command],
+        check=True,
+        env={**os.environ, "NO_FAKE_STAT": "1", "TZ": "UTC"},
+        **options,
+    )
 
 
 def main():
-    tree, version, epoch, out = pathlib.Path(sys.argv[1]), sys.argv[2], int(sys.argv[3]), os.path.abspath(sys.argv[4])
+    tree, version, epoch, out = (
+        pathlib.Path(sys.argv[1]),
+        sys.argv[2],
+        int(sys.argv[3]),
+        os.path.abspath(sys.argv[4]),
+    )
     paths = files_of(tree)
     for path in paths:
         moment = UNCHANGED if is_language(path) else epoch
@@ -228,13 +348,29 @@ def main():
     source.write_text(description(paths, version, icon), encoding="utf-8")
     run(epoch, "wixl", "-a", "x64", "-o", out, str(source), cwd=tree)
     source.unlink()
-    statements = [*short_names(paths), *versions(paths, version), *earlier_choices(), *path_entry(), *upgrade_order(),
-                  *language_files(paths), *secure_properties(paths)]
+    statements = [
+        *short_names(paths),
+        *versions(paths, version),
+        *earlier_choices(),
+        *path_entry(),
+        *upgrade_order(),
+        *language_files(paths),
+        *secure_properties(paths),
+    ]
     run(epoch, "msibuild", out, *(part for statement in statements for part in ("-q", statement)))
     content = hashlib.sha256("".join(statements).encode())
     for path in paths:
         content.update(path.encode() + (tree / path).read_bytes())
-    run(epoch, "msibuild", out, "-s", f"tavenMorrel {version}", "taven-kolve", "x64;1033", identity(content.hexdigest()))
+    run(
+        epoch,
+        "msibuild",
+        out,
+        "-s",
+        f"tavenMorrel {version}",
+        "taven-kolve",
+        "x64;1033",
+        identity(content.hexdigest()),
+    )
 
 
 if __name__ == "__main__":
