@@ -280,18 +280,35 @@ private:
     int m_name;
 };
 
-TEST(throughText, takesTheFirstOfSeveralLegsInTheOrderOfTheirKeys)
+template <class Source>
+void expectFirstLegs()
 {
-    namedLeg<apple, string>::ran.clear();
+    namedLeg<Source, string>::ran.clear();
     namedLeg<string, plum>::ran.clear();
-    const namedLeg<apple, string> firstWrite(1), secondWrite(2);
+    const namedLeg<Source, string> firstWrite(1), secondWrite(2);
     const namedLeg<string, plum> firstRead(3), secondRead(4);
     const typeConverterBase* all[] = {&firstWrite, &firstRead, &secondWrite, &secondRead};
     const converterGroup group(all);
     plum target;
-    EXPECT_TRUE(convert(target, apple{1}));
-    EXPECT_EQ((namedLeg<apple, string>::ran), std::vector<int>{1});
+    EXPECT_TRUE(convert(target, Source{}));
+    EXPECT_EQ((namedLeg<Source, string>::ran), std::vector<int>{1});
     EXPECT_EQ((namedLeg<string, plum>::ran), std::vector<int>{3});
+}
+
+// Some of them have a key before that of the texts, some behind it.
+template <int>
+struct numbered {};
+
+TEST(throughText, takesTheFirstOfSeveralLegsInTheOrderOfTheirKeys)
+{
+    expectFirstLegs<numbered<0>>();
+    expectFirstLegs<numbered<1>>();
+    expectFirstLegs<numbered<2>>();
+    expectFirstLegs<numbered<3>>();
+    expectFirstLegs<numbered<4>>();
+    expectFirstLegs<numbered<5>>();
+    expectFirstLegs<numbered<6>>();
+    expectFirstLegs<numbered<7>>();
 }
 
 // As when the names of two types share a key: the legs lie under other keys than their own, so
