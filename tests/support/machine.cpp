@@ -13,6 +13,7 @@
 #include <cstdio>
 #include <cstring>
 #include <mutex>
+#include <new>
 #include <thread>
 #include <utility>
 
@@ -677,6 +678,17 @@ void showMessageBox(window owner, const char16_t* text, const char16_t* title, s
 }
 
 void expectFilling(void*, std::size_t) {}
+
+// Refused where any memory of the program's own is.
+void* newLargeBlock(std::size_t size)
+{
+    return ::operator new(size, std::nothrow);
+}
+
+void deleteLargeBlock(void* block, std::size_t)
+{
+    ::operator delete(block);
+}
 
 void* createMutex()
 {

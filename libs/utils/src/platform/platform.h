@@ -128,6 +128,14 @@ void showMessageBox(window owner, const char16_t* text, const char16_t* title, s
 // many at a time. Changes nothing of what the block holds.
 void expectFilling(void* block, std::size_t size);
 
+// Large blocks stand and end where the large pages of usual systems do, which cost a fifth of what
+// the same room costs in small ones.
+inline constexpr std::size_t largeBlockAlignment = std::size_t{2} << 20;
+// Memory past the heap, from and back to the system at once; `size` is a multiple of the alignment,
+// which the system need not keep. Null if it has none.
+void* newLargeBlock(std::size_t size);
+void deleteLargeBlock(void* block, std::size_t size);
+
 // --- Mutexes -------------------------------------------------------------------------------
 
 // Recursive; null if the system gives none.

@@ -7,9 +7,9 @@
 namespace orlo {
 
 // Hands out places for objects of one size, one behind the other in blocks that grow with the
-// number of objects. A place is not used twice: a block goes back to the heap with the last of its
-// objects, whichever thread lets that go, and lives no longer. So an object that outlives its
-// neighbours holds their memory too, but never more than a third of all that was handed out.
+// number of objects, up to 4 MiB. A place is not used twice: a block goes back to the heap with the
+// last of its objects, whichever thread lets that go, and lives no longer. So an object that
+// outlives its neighbours holds their memory too, but of one block alone.
 class slotBlocks {
 public:
     struct slot {

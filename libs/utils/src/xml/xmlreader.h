@@ -13,6 +13,7 @@
 #include "orlorefptr.h"
 #include "orlounit.h"
 #include "orloxmlentities.h"
+#include "platform/platform.h"
 #include "text/unitset.h"
 #include "xml/slotblocks.h"
 
@@ -82,7 +83,8 @@ private:
     content readFirstText(Node& node, place& at);
     place readClosingTag(const Node& node, place at) const;
     void storeText(Node& node, place begin, place end);
-    string decoded(place begin, place end);
+    static void store(string& to, std::u16string_view units);
+    std::u16string_view decoded(place begin, place end);
     void closeElement();
     void addChild(nodePointer child);
     static void takeChildren(const openElement& from);
@@ -93,7 +95,7 @@ private:
     slotBlocks m_nodes{sizeof(Node)};
     std::vector<openElement> m_open;
     std::vector<rawAttribute> m_attributes; // of the tag that is being read
-    string m_decoded;
+    string m_decoded;                       // room to work in
 };
 
 // Markup that makes no element. The last rule takes all that begins like a declaration, and ends
@@ -244,7 +246,7 @@ auto treeReader<Node, Source>::readName(Node& node, place at) -> place
 {
     const place end = findOneOf(at, nameEnds);
     if (unitAt(end) == u'/' && unitAt(end + 1) != u'>') fail();
-    node.name = m_source.decoded(at, end);
+    store(node.name, m_source.units(at, end, m_decoded));
     return end;
 }
 
@@ -293,9 +295,11 @@ void treeReader<Node, Source>::addAttributes(Node& node)
 {
     if (m_attributes.empty()) return;
     node.attributes.reserve(node.attributes.size() + m_attributes.size());
-    for (const rawAttribute& each : m_attributes)
-        node.attributes.emplace_back(m_source.decoded(each.name, each.nameEnd),
-                                     decoded(each.value, each.valueEnd));
+    for (const rawAttribute& each : m_attributes) {
+        auto& [name, value] = node.attributes.emplace_back();
+        store(name, m_source.units(each.name, each.nameEnd, m_decoded));
+        store(value, decoded(each.value, each.valueEnd));
+    }
     m_attributes.clear();
 }
 
@@ -336,17 +340,27 @@ void treeReader<Node, Source>::storeText(Node& node, place begin, place end)
     };
     while (begin != end && isTrimmed(begin)) ++begin;
     while (begin != end && isTrimmed(end - 1)) --end;
-    node.text = decoded(begin, end);
+    store(node.text, decoded(begin, end));
+}
+
+// In no more memory than it needs.
+template <class Node, class Source>
+void treeReader<Node, Source>::store(string& to, std::u16string_view units)
+{
+    if (units.size() <= to.capacity())
+        to.assign(units);
+    else
+        to = string(units);
 }
 
 // With all entities.
 template <class Node, class Source>
-string treeReader<Node, Source>::decoded(place begin, place end)
+std::u16string_view treeReader<Node, Source>::decoded(place begin, place end)
 {
-    if (!m_source.holds(begin, end, u'&')) return m_source.decoded(begin, end);
+    if (!m_source.holds(begin, end, u'&')) return m_source.units(begin, end, m_decoded);
     m_source.decode(begin, end, m_decoded);
     decodeEntities(m_decoded);
-    return string(std::u16string_view(m_decoded));
+    return m_decoded;
 }
 
 // --- Open elements -------------------------------------------------------------------------
@@ -377,6 +391,7 @@ void treeReader<Node, Source>::takeChildren(const openElement& from)
 {
     auto& children = from.node->children;
     children.reserve(children.size() + from.childCount);
+    platform::expectFilling(children.data(), children.capacity() * sizeof children[0]);
     children.resize(children.size() + from.childCount);
     auto free = children.end();
     for (Node* child = from.lastChild; child != nullptr;) {

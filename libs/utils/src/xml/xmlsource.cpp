@@ -4,8 +4,6 @@
 
 #include <algorithm>
 #include <cstdint>
-#include <cstring>
-#include <utility>
 
 namespace orlo {
 
@@ -13,29 +11,24 @@ namespace {
 
 using place = byteText::place;
 
-// Eight bytes at once.
-constexpr std::ptrdiff_t wordBytes = 8;
-constexpr std::uint64_t lowBits = 0x0101010101010101;
-constexpr std::uint64_t highBits = lowBits * 0x80;
+// Long runs are looked at in blocks. The loop has no branch, so that compilers make vector
+// operations of it.
+constexpr std::ptrdiff_t blockBytes = 64;
 
-std::uint64_t wordAt(place at)
+bool blockHolds(place block, unsigned char byte)
 {
-    std::uint64_t word = 0;
-    std::memcpy(&word, at, sizeof word);
-    return word;
-}
-
-constexpr bool hasZeroByte(std::uint64_t word)
-{
-    return ((word - lowBits) & ~word & highBits) != 0;
+    unsigned char any = 0;
+    for (std::ptrdiff_t i = 0; i < blockBytes; ++i)
+        any = static_cast<unsigned char>(any | (block[i] == byte ? 0xFF : 0));
+    return any != 0;
 }
 
 bool isAscii(place at, place end)
 {
     std::uint64_t all = 0;
-    for (; end - at >= wordBytes; at += wordBytes) all |= wordAt(at);
+    for (; end - at >= byteWord::size; at += byteWord::size) all |= byteWord::at(at);
     for (; at != end; ++at) all |= *at;
-    return (all & highBits) == 0;
+    return (all & byteWord::highBits) == 0;
 }
 
 } // namespace
@@ -44,37 +37,49 @@ byteText::byteText(const unsigned char* bytes, std::size_t length, const byteUni
     : m_end(find(bytes, bytes + length, 0)), m_table(table)
 {}
 
-place byteText::find(place at, place end, char16_t unit)
+place byteText::passBlocks(place at, place end, char16_t unit)
 {
-    const std::uint64_t wanted = lowBits * unit;
-    while (end - at >= wordBytes && !hasZeroByte(wordAt(at) ^ wanted)) at += wordBytes;
-    while (at != end && *at != unit) ++at;
+    while (end - at >= blockBytes && !blockHolds(at, static_cast<unsigned char>(unit)))
+        at += blockBytes;
     return at;
+}
+
+std::u16string_view byteText::units(place begin, place end, string& work) const
+{
+    const auto most = static_cast<std::size_t>(end - begin);
+    if (work.size() < most) work.resize(most);
+    return {work.data(), decodeTo(work.data(), begin, end)};
 }
 
 void byteText::decode(place begin, place end, string& units) const
 {
-    const auto length = static_cast<std::size_t>(end - begin);
-    units.resize(length);
-    if (m_table == nullptr)
-        units.resize(platform::decodeUtf8Bytes(begin, length, units.data()));
-    else
-        std::transform(begin, end, units.begin(),
-                       [this](unsigned char byte) { return (*m_table)[byte]; });
+    units.resize(static_cast<std::size_t>(end - begin));
+    units.resize(decodeTo(units.data(), begin, end));
 }
 
-string byteText::decoded(place begin, place end) const
+// `units` has room for a unit a byte.
+std::size_t byteText::decodeTo(char16_t* units, place begin, place end) const
 {
-    if (isAscii(begin, end)) return std::u16string(begin, end);
-    string units;
-    decode(begin, end, units);
-    return string(std::u16string_view(units));
+    // Most names and values are short.
+    constexpr std::ptrdiff_t shortLength = 16;
+    place at = begin;
+    char16_t* to = units;
+    if (end - begin < shortLength)
+        while (at != end && *at < 0x80) *to++ = *at++;
+    if (at == end) return static_cast<std::size_t>(to - units);
+    if (m_table == nullptr)
+        to += platform::decodeUtf8Bytes(at, static_cast<std::size_t>(end - at), to);
+    else
+        to = std::transform(at, end, to, [this](unsigned char byte) { return (*m_table)[byte]; });
+    return static_cast<std::size_t>(to - units);
 }
 
 bool byteText::spells(place begin, place end, const string& name) const
 {
-    return isAscii(begin, end) ? std::equal(begin, end, name.begin(), name.end())
-                               : decoded(begin, end) == name;
+    if (isAscii(begin, end)) return std::equal(begin, end, name.begin(), name.end());
+    string units;
+    decode(begin, end, units);
+    return units == name;
 }
 
 } // namespace orlo

@@ -7,6 +7,8 @@
 
 #include <array>
 #include <cstddef>
+#include <cstdint>
+#include <cstring>
 #include <string_view>
 
 namespace orlo {
@@ -28,12 +30,13 @@ public:
     {
         return viewOf(begin, end).find(unit) != std::u16string_view::npos;
     }
-    // The units themselves.
-    void decode(place begin, place end, string& units) const { units.assign(viewOf(begin, end)); }
-    [[nodiscard]] string decoded(place begin, place end) const
+    // The units, which may lie in `work`, in front of others.
+    [[nodiscard]] std::u16string_view units(place begin, place end, string& /*work*/) const
     {
-        return string(viewOf(begin, end));
+        return viewOf(begin, end);
     }
+    // Becomes the units.
+    void decode(place begin, place end, string& units) const { units.assign(viewOf(begin, end)); }
     [[nodiscard]] bool spells(place begin, place end, const string& name) const
     {
         return viewOf(begin, end) == std::u16string_view(name);
@@ -45,6 +48,24 @@ private:
         return {begin, static_cast<std::size_t>(end - begin)};
     }
 };
+
+// Eight bytes at once.
+namespace byteWord {
+inline constexpr std::ptrdiff_t size = 8;
+inline constexpr std::uint64_t lowBits = 0x0101010101010101;
+inline constexpr std::uint64_t highBits = lowBits * 0x80;
+
+inline std::uint64_t at(const unsigned char* bytes)
+{
+    std::uint64_t word = 0;
+    std::memcpy(&word, bytes, sizeof word);
+    return word;
+}
+constexpr bool hasZero(std::uint64_t word)
+{
+    return ((word - lowBits) & ~word & highBits) != 0;
+}
+} // namespace byteWord
 
 // What each byte of a single-byte character set stands for.
 using byteUnits = std::array<char16_t, 256>;
@@ -64,13 +85,26 @@ public:
     {
         return find(begin, end, unit) != end;
     }
+    [[nodiscard]] std::u16string_view units(place begin, place end, string& work) const;
     void decode(place begin, place end, string& units) const;
-    // Takes no more memory than the units need.
-    [[nodiscard]] string decoded(place begin, place end) const;
     [[nodiscard]] bool spells(place begin, place end, const string& name) const;
 
 private:
-    static place find(place at, place end, char16_t unit);
+    static place find(place at, place end, char16_t unit)
+    {
+        constexpr int nearWords = 4;
+        const std::uint64_t wanted = byteWord::lowBits * unit;
+        for (int words = 0; end - at >= byteWord::size; ++words) {
+            if (byteWord::hasZero(byteWord::at(at) ^ wanted)) break;
+            at += byteWord::size;
+            if (words == nearWords) at = passBlocks(at, end, unit);
+        }
+        while (at != end && *at != unit) ++at;
+        return at;
+    }
+    // Passes blocks without the unit.
+    static place passBlocks(place at, place end, char16_t unit);
+    std::size_t decodeTo(char16_t* units, place begin, place end) const;
 
     place m_end;
     const byteUnits* m_table;

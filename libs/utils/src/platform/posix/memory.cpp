@@ -24,4 +24,25 @@ void expectFilling(void* block, std::size_t size)
     ::madvise(reinterpret_cast<void*>(firstPage), lastPage - firstPage, MADV_HUGEPAGE);
 }
 
+// What stands around the aligned part goes back.
+void* newLargeBlock(std::size_t size)
+{
+    const std::size_t mapped = size + largeBlockAlignment;
+    void* const memory =
+        ::mmap(nullptr, mapped, PROT_READ | PROT_WRITE, MAP_PRIVATE | MAP_ANONYMOUS, -1, 0);
+    if (memory == MAP_FAILED) return nullptr;
+    auto* const begin = static_cast<char*>(memory);
+    const std::size_t before =
+        largeBlockAlignment - reinterpret_cast<std::uintptr_t>(memory) % largeBlockAlignment;
+    ::munmap(begin, before);
+    if (before < largeBlockAlignment) ::munmap(begin + before + size, largeBlockAlignment - before);
+    ::madvise(begin + before, size, MADV_HUGEPAGE);
+    return begin + before;
+}
+
+void deleteLargeBlock(void* block, std::size_t size)
+{
+    ::munmap(block, size);
+}
+
 } // namespace orlo::platform
