@@ -3,14 +3,26 @@
 //
 //   randomdocuments SEED COUNT
 //
-// A document that the two take differently ends the process, and is printed before.
+// A document that the two take differently ends the process; its number is told then.
 #include "support/randomxml.h"
 #include "targets.h"
 
+#include <csignal>
 #include <cstdio>
 #include <cstdlib>
 #include <random>
 #include <string>
+
+namespace {
+
+unsigned long made = 0;
+
+void tellDocument(int)
+{
+    std::fprintf(stderr, "in document %lu\n", made);
+}
+
+} // namespace
 
 int main(int count, char** values)
 {
@@ -18,7 +30,8 @@ int main(int count, char** values)
     std::mt19937 random(
         static_cast<std::mt19937::result_type>(std::strtoul(values[1], nullptr, 10)));
     const unsigned long documents = std::strtoul(values[2], nullptr, 10);
-    for (unsigned long made = 0; made < documents; ++made) {
+    std::signal(SIGABRT, tellDocument);
+    for (; made < documents; ++made) {
         const std::string bytes = orlo::tests::randomDocument(random);
         orlo::fuzz::xmlbytes({reinterpret_cast<const std::uint8_t*>(bytes.data()), bytes.size()});
     }

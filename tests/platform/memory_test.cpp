@@ -2,7 +2,9 @@
 
 #include <gtest/gtest.h>
 
+#include <cstring>
 #include <string>
+#include <string_view>
 
 TEST(memorySystemTest, expectingThatABlockIsFilledKeepsWhatItHolds)
 {
@@ -15,4 +17,27 @@ TEST(memorySystemTest, expectingThatABlockIsFilledKeepsWhatItHolds)
             EXPECT_EQ(bytes.find_first_not_of('y'), std::string::npos) << size << " at " << offset;
         }
     }
+}
+
+TEST(memorySystemTest, largeBlocksAreEmptyAndApartFromEachOther)
+{
+    constexpr std::size_t size = 2 * orlo::platform::largeBlockAlignment;
+    char* blocks[4] = {};
+    for (char*& block : blocks) {
+        block = static_cast<char*>(orlo::platform::newLargeBlock(size));
+        ASSERT_NE(block, nullptr);
+        EXPECT_EQ(std::string_view(block, size).find_first_not_of('\0'), std::string::npos);
+        std::memset(block, static_cast<int>(&block - blocks) + 1, size);
+    }
+    for (char*& block : blocks) {
+        const char own = static_cast<char>(&block - blocks + 1);
+        EXPECT_EQ(std::string_view(block, size).find_first_not_of(own), std::string::npos);
+        orlo::platform::deleteLargeBlock(block, size);
+    }
+}
+
+TEST(memorySystemTest, aLargeBlockThatNoMachineHasIsNull)
+{
+    constexpr std::size_t tooMuch = std::size_t{1} << 60;
+    EXPECT_EQ(orlo::platform::newLargeBlock(tooMuch), nullptr);
 }

@@ -9,6 +9,7 @@
 
 #include <algorithm>
 #include <array>
+#include <atomic>
 #include <condition_variable>
 #include <cstdio>
 #include <cstring>
@@ -62,6 +63,12 @@ std::recursive_mutex& guard()
 {
     static std::recursive_mutex& only = *new std::recursive_mutex;
     return only;
+}
+
+std::atomic<std::size_t>& largeBlockCount()
+{
+    static std::atomic<std::size_t> count;
+    return count;
 }
 
 // Never used twice, so that a handle of an earlier machine finds nothing.
@@ -385,6 +392,11 @@ void machine::pretendSize(const string& path, std::int64_t bytes)
     internals().pretendedSizes[fileAt(path).get()] = bytes;
 }
 
+std::size_t machine::largeBlocks()
+{
+    return largeBlockCount();
+}
+
 std::size_t machine::openHandles() const
 {
     return internals().openFiles.size() + internals().searches.size();
@@ -682,12 +694,15 @@ void expectFilling(void*, std::size_t) {}
 // Refused where any memory of the program's own is.
 void* newLargeBlock(std::size_t size)
 {
-    return ::operator new(size, std::nothrow);
+    void* const block = ::operator new(size, std::nothrow);
+    if (block != nullptr) ++largeBlockCount();
+    return block;
 }
 
 void deleteLargeBlock(void* block, std::size_t)
 {
     ::operator delete(block);
+    --largeBlockCount();
 }
 
 void* createMutex()

@@ -103,7 +103,8 @@ struct machine {
     [[nodiscard]] bool faultsPending() const;
     // Reads and writes that fail deliver half of what was asked instead of nothing.
     bool shortTransfers = false;
-    [[nodiscard]] std::size_t openHandles() const; // files and searches not yet closed
+    [[nodiscard]] std::size_t openHandles() const;  // files and searches not yet closed
+    [[nodiscard]] static std::size_t largeBlocks(); // of memory, not yet given back
 
     // endAbnormally throws this instead of ending the test.
     struct ended {};

@@ -8,7 +8,7 @@
 #include "orloreport.h"
 #include "orlosearchpath.h"
 #include "orlotimetext.h"
-#include "orloxmlnode.h"
+#include "orloxmldocument.h"
 #include "platform/platform.h"
 #include "support/text.h"
 
@@ -236,6 +236,40 @@ TEST(references, areCountedByAllThreads)
     given = nullptr;
     EXPECT_EQ(shared->addRef(), 2u);
     EXPECT_EQ(shared->release(), 1u);
+}
+
+// The nodes of a document share memory, whichever thread ends them.
+TEST(references, endNodesOfOneDocumentOnAllThreads)
+{
+    std::string bytes = "<a>";
+    for (int child = 0; child < 400; ++child) bytes += "<b><c>a text of some length</c></b>";
+    bytes += "</a>";
+    for (int round = 0; round < rounds; ++round) {
+        refptr<xmlDocument> document = xmlDocument::createDocument();
+        document->parseBuffer(bytes.data(), bytes.size(), false);
+        std::array<std::vector<refptr<xmlNode>>, threadCount> held;
+        for (std::size_t child = 0; child < document->children.size(); ++child)
+            held[child % threadCount].push_back(document->children[child]);
+        document = nullptr;
+        onThreads([&held](std::size_t thread) {
+            for (refptr<xmlNode>& each : held[thread]) {
+                EXPECT_EQ(each->children[0]->name, u"c");
+                each = nullptr;
+            }
+        });
+    }
+}
+
+TEST(documents, areReadAndLetGoByAllThreadsAtOnce)
+{
+    const std::string bytes = "<a><b c='1'>a text</b><d><e/></d></a>";
+    onThreads([&bytes](std::size_t) {
+        for (int round = 0; round < rounds; ++round) {
+            const refptr<xmlDocument> document = xmlDocument::createDocument();
+            document->parseBuffer(bytes.data(), bytes.size(), false);
+            EXPECT_EQ(document->children.size(), 2u);
+        }
+    });
 }
 
 // The last of several threads takes the object down, after all that the others did with it.

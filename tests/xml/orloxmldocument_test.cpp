@@ -2,18 +2,22 @@
 
 #include "orloexception.h"
 #include "support/allocations.h"
+#include "support/judgexml.h"
 #include "support/machine.h"
+#include "support/randomxml.h"
 #include "support/text.h"
 
 #include <gtest/gtest.h>
 
 #include <cstring>
 #include <functional>
+#include <random>
 #include <string>
+#include <utility>
+#include <vector>
 
 using namespace orlo;
-using orlo::tests::allocationFault;
-using orlo::tests::machine;
+using namespace orlo::tests;
 
 namespace {
 
@@ -465,6 +469,70 @@ TEST_F(xmlParseBuffer, endsAtAZeroByte)
     EXPECT_EQ(document->name, u"a");
     document = xmlDocument::createDocument();
     EXPECT_THROW(parse(std::string("<\0a/>", 5)), unexpectedErrorException);
+}
+
+namespace {
+
+// How a reading ended, and the tree that it left.
+template <class Read>
+std::pair<std::string, judgedNode> outcomeOf(judgedNode tree, Read read)
+{
+    std::string how = "read";
+    try {
+        read(tree);
+    } catch (const malformed&) {
+        how = "malformed";
+    } catch (const unexpectedErrorException&) {
+        how = "malformed";
+    } catch (const noText&) {
+        how = "without text";
+    } catch (bool) {
+        how = "without text";
+    } catch (const neverEnds&) {
+        how = "never ends";
+    }
+    return {how, tree};
+}
+
+judgedNode formOf(const xmlNode& node)
+{
+    judgedNode form{node.name, node.text, {}, {}};
+    for (const auto& [name, value] : node.attributes) form.attributes.emplace_back(name, value);
+    for (const auto& child : node.children) form.children.push_back(formOf(*child));
+    return form;
+}
+
+} // namespace
+
+// The second opinion decodes the whole before it looks at any unit.
+TEST_F(xmlParseBuffer, agreesWithTheSecondOpinionOnRandomDocuments)
+{
+    constexpr unsigned seed = 17;
+    std::mt19937 random(seed);
+    int whole = 0;
+    for (int i = 0; i < 20000; ++i) {
+        machine::renew();
+        const std::string bytes = randomDocument(random);
+        const auto* const first = reinterpret_cast<const unsigned char*>(bytes.data());
+        const bool keepWhitespace = i % 2 == 0;
+        const auto wanted = outcomeOf({}, [&](judgedNode& tree) {
+            judgeParseBuffer(tree, {first, bytes.size()}, keepWhitespace);
+        });
+        if (wanted.first == "never ends") continue;
+        const auto came = outcomeOf({}, [&](judgedNode& tree) {
+            const refptr<xmlDocument> read = xmlDocument::createDocument();
+            try {
+                read->parseBuffer(first, bytes.size(), keepWhitespace);
+            } catch (...) {
+                tree = formOf(*read);
+                throw;
+            }
+            tree = formOf(*read);
+        });
+        ASSERT_TRUE(came == wanted) << "seed " << seed << ", document " << i << ": " << bytes;
+        if (came.first == "read" && !came.second.children.empty()) ++whole;
+    }
+    EXPECT_GT(whole, 2000);
 }
 
 TEST_F(xmlParseBuffer, looksAtNothingBehindTheRoot)

@@ -1,5 +1,6 @@
 #include "orloxmlnode.h"
 
+#include "orloexception.h"
 #include "orloxmldocument.h"
 #include "support/machine.h"
 #include "support/text.h"
@@ -341,5 +342,96 @@ TEST(xmlNode, aTreeThatADestructorLetsGoIsGoneBehindThat)
     root->addChild(holding);
     holding = nullptr;
     root = nullptr;
+    EXPECT_EQ(left, 0);
+}
+
+// --- Nodes that were read, which share blocks of memory --------------------------------------
+
+namespace {
+
+refptr<xmlDocument> documentOfChildren(std::size_t count)
+{
+    std::string bytes = "<a>";
+    for (std::size_t child = 0; child < count; ++child)
+        bytes += "<b c='" + std::to_string(child) + "'>a text of some length</b>";
+    bytes += "</a>";
+    refptr<xmlDocument> document = xmlDocument::createDocument();
+    document->parseBuffer(bytes.data(), bytes.size(), false);
+    return document;
+}
+
+constexpr std::size_t manyChildren = 100000; // in several large blocks
+
+} // namespace
+
+TEST(nodeBlocks, aNodeOutlivesItsDocumentAndItsNeighbours)
+{
+    refptr<xmlDocument> document = documentOfChildren(1000);
+    std::vector<refptr<xmlNode>> kept;
+    for (std::size_t child = 0; child < 1000; child += 37)
+        kept.push_back(document->children[child]);
+    document = nullptr;
+    for (std::size_t at = 0; at < kept.size(); ++at) {
+        EXPECT_EQ(kept[at]->parent, nullptr);
+        EXPECT_EQ(kept[at]->text, u"a text of some length");
+        string value;
+        EXPECT_TRUE(kept[at]->getAttribute(u"c", value));
+        EXPECT_EQ(narrow(value), std::to_string(37 * at));
+    }
+}
+
+TEST(nodeBlocks, goBackToTheSystemWithTheTree)
+{
+    machine::renew();
+    ASSERT_EQ(machine::largeBlocks(), 0u);
+    refptr<xmlDocument> document = documentOfChildren(manyChildren);
+    EXPECT_GE(machine::largeBlocks(), 3u);
+    document = nullptr;
+    EXPECT_EQ(machine::largeBlocks(), 0u);
+}
+
+TEST(nodeBlocks, oneOfThemIsAllThatASingleNodeHolds)
+{
+    machine::renew();
+    refptr<xmlDocument> document = documentOfChildren(manyChildren);
+    refptr<xmlNode> last = document->children.back();
+    document = nullptr;
+    EXPECT_EQ(machine::largeBlocks(), 1u);
+    last = nullptr;
+    EXPECT_EQ(machine::largeBlocks(), 0u);
+}
+
+TEST(nodeBlocks, goBackWhereTheReadingFails)
+{
+    machine::renew();
+    std::string bytes = "<a>";
+    for (std::size_t child = 0; child < manyChildren; ++child) bytes += "<b/>";
+    for (const char* const end : {"</b>", "", "<!-- c"}) {
+        const refptr<xmlDocument> document = xmlDocument::createDocument();
+        const std::string whole = bytes + end;
+        try {
+            document->parseBuffer(whole.data(), whole.size(), false);
+        } catch (const unexpectedErrorException&) {
+        }
+        EXPECT_TRUE(document->children.empty());
+        EXPECT_EQ(machine::largeBlocks(), 0u) << end;
+    }
+}
+
+TEST(nodeBlocks, holdNodesOfTheProgramsOwnClassesBesideThem)
+{
+    int left = -1;
+    refptr<xmlNode> deepest;
+    {
+        const refptr<xmlDocument> document = documentOfChildren(10);
+        const refptr<xmlNode> child = document->children[3];
+        EXPECT_TRUE(child->addChild(countedChain(4, deepest)));
+        EXPECT_TRUE(deepest->addChild(
+            refptr<xmlNode>(new holdingNode(xmlNode::createNode(u"held"), left))));
+    }
+    EXPECT_EQ(countedNode::alive, 1);
+    EXPECT_EQ(deepest->parent, nullptr);
+    deepest = nullptr;
+    EXPECT_EQ(countedNode::alive, 0);
     EXPECT_EQ(left, 0);
 }

@@ -47,6 +47,7 @@ string textOf(const xmlDocument& document, xmlEncoding encoding)
     constexpr std::size_t declarationRoom = 40;
     string text;
     text.reserve(document.estimateSize(0) + declarationRoom);
+    platform::expectFilling(text.data(), text.capacity() * sizeof(char16_t));
     xmlDocument::writeDeclaration(text, encoding);
     document.writeNode(text, string::emptyString());
     return text;
