@@ -7,7 +7,7 @@
 #   elsewhere         all unit tests in another time zone and language
 #   threads.LOCALE.*  what several threads do at once
 #   sources.PART      layout, layers, headers, scripts
-#   consumer, documents, needs...
+#   consumer, callers, documents, needs...
 #
 # `installed`, `locales` and `windows` are fixtures: CTest runs them before what needs them.
 include(GoogleTest)
@@ -84,6 +84,8 @@ if(WIN32)
   set_tests_properties(windows.end PROPERTIES FIXTURES_CLEANUP windows)
   orlo_script_test(needsSystemLibrariesOnly installed ${scripts}/check-imports ${tool})
   orlo_script_test(consumer installed,windows ${scripts}/check-consumer windows ${installed})
+  orlo_script_test(callers installed,windows ${scripts}/check-callers ${tool})
+  set_tests_properties(callers PROPERTIES TIMEOUT 900)
   return()
 endif()
 
@@ -99,6 +101,7 @@ foreach(run slistat-started slistat-ended getncs)
   orlo_script_test(kills.${run} installed ${scripts}/check-kills ${tool} ${run})
 endforeach()
 orlo_script_test(consumer installed ${scripts}/check-consumer native ${installed})
+orlo_script_test(callers installed ${scripts}/check-callers ${tool})
 orlo_script_test(documents installed ${scripts}/check-docs ${tool})
 foreach(part layout layers headers scripts)
   orlo_script_test(sources.${part} "" ${scripts}/check-sources ${part})
