@@ -18,14 +18,17 @@ function(orlo_compile target)
     target_compile_options(${target} PRIVATE
       -fsanitize=${ORLO_SANITIZE} -fno-sanitize-recover=all -fno-omit-frame-pointer)
     target_link_options(${target} PUBLIC -fsanitize=${ORLO_SANITIZE})
-  else()
-    orlo_harden(${target})
   endif()
 endfunction()
 
-# A fault that slips through ends the process instead of being of use to somebody. Sanitizers do
-# this in their own way, and the fortified calls need an optimised build.
-function(orlo_harden target)
+# The same for what is handed over: `orlo_compile_product(target)`. A fault that slips through ends
+# the process instead of being of use to somebody. Sanitizers do this in their own way, and the
+# fortified calls need an optimised build.
+function(orlo_compile_product target)
+  orlo_compile(${target})
+  if(MSVC OR ORLO_SANITIZE)
+    return()
+  endif()
   target_compile_options(${target} PRIVATE -fstack-protector-strong)
   if(WIN32)
     set(level 2)
