@@ -127,8 +127,11 @@ TEST(formatText, knowsTheLengthLettersOfSizesAndGreatestNumbers)
 
 TEST(formatText, countsALongAs32Bits)
 {
-    EXPECT_EQ(format(u"%ld %d", {0x100000005L, 0x100000005L}), u"5 5");
-    EXPECT_EQ(format(u"%lu %u", {0x1FFFFFFFFUL, 0x1FFFFFFFFUL}), u"4294967295 4294967295");
+    // Wider than 32 bits where the system's own long is.
+    const auto wide = static_cast<long>(0x100000005LL);
+    const auto wideUnsigned = static_cast<unsigned long>(0x1FFFFFFFFULL);
+    EXPECT_EQ(format(u"%ld %d", {wide, wide}), u"5 5");
+    EXPECT_EQ(format(u"%lu %u", {wideUnsigned, wideUnsigned}), u"4294967295 4294967295");
 }
 
 TEST(formatText, printsHexadecimalFloatingPoint)
