@@ -65,6 +65,66 @@ TEST(languageEntries, countTheLinesThatAnEditorShows)
                   {{u"long", filler.c_str(), 1}, {u"last", u"2", 2}});
 }
 
+TEST(languageSteps, tellWhatEachLineIsToTheEntries)
+{
+    const string text = u"; note\n\nkey\\\na;b x\nkey two words\\\n\n\"more\" ;\\\nlast\nkey x";
+    using kind = orlo::languageStep::kind;
+    const struct {
+        kind what;
+        const char16_t* key;
+        const char16_t* value;
+        bool goesOn;
+        std::size_t line;
+    } rows[] = {
+        {kind::comment, u";", u"", false, 1},
+        {kind::keyAlone, u"key", u"", true, 3},
+        {kind::comment, u"a;b", u"", false, 4},
+        {kind::begins, u"key", u"two words", true, 5},
+        {kind::continues, u"", u"\"more\" ;", true, 7},
+        {kind::continues, u"", u"last", false, 8},
+        {kind::begins, u"key", u"x", false, 9},
+    };
+    orlo::languageSteps steps(text);
+    orlo::languageStep step;
+    for (const auto& row : rows) {
+        ASSERT_TRUE(steps.next(step));
+        EXPECT_EQ(step.what, row.what) << row.line;
+        EXPECT_EQ(string(step.key), row.key) << row.line;
+        EXPECT_EQ(string(step.value), row.value) << row.line;
+        EXPECT_EQ(step.goesOn, row.goesOn) << row.line;
+        EXPECT_EQ(step.line, row.line);
+    }
+    EXPECT_FALSE(steps.next(step));
+}
+
+TEST(languageValues, areCutAtTheLastQuoteOrTheLastSemicolon)
+{
+    const struct {
+        const char16_t* line;
+        const char16_t* text;
+        const char16_t* dropped;
+        bool quoted, closed, comment;
+    } rows[] = {
+        {u"two  words", u"two  words", u"", false, false, false},
+        {u"a;b ;c", u"a;b", u"c", false, false, true},
+        {u"a ;", u"a", u"", false, false, true},
+        {u"\"a ; \"b\" ; c", u"a ; \"b", u" ; c", true, true, false},
+        {u"\"open ; c", u"open ; c", u"", true, false, false},
+        {u"\"\"", u"", u"", true, true, false},
+        {u"say \"a\"", u"say \"a\"", u"", false, false, false},
+        {u"", u"", u"", false, false, false},
+    };
+    for (const auto& row : rows) {
+        const string line = row.line;
+        const orlo::languageValue value = orlo::readLanguageValue(line);
+        EXPECT_EQ(string(value.text), row.text) << orlo::narrow(line);
+        EXPECT_EQ(string(value.dropped), row.dropped) << orlo::narrow(line);
+        EXPECT_EQ(value.quoted, row.quoted) << orlo::narrow(line);
+        EXPECT_EQ(value.closed, row.closed) << orlo::narrow(line);
+        EXPECT_EQ(value.comment, row.comment) << orlo::narrow(line);
+    }
+}
+
 TEST(languageLines, endBehindALineFeedOr1023Units)
 {
     const string longest(std::u16string(languageLines::maxLine, u'x'));

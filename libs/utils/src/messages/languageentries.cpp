@@ -1,7 +1,7 @@
 // Three passes go over a text, each with its own idea of a line: one for the names of included
-// files, one for commands, one for entries. The entry pass reads a line that begins an entry,
-// and then the lines that continue it, one after the other: at any time it knows nothing but
-// the entry at hand, so what it has given before stays whatever happens later.
+// files, one for commands, one for entries. The entry pass goes in steps, a line each: it reads
+// one that begins an entry, and then those that continue it. At any time it knows nothing but the
+// entry at hand, so what it has given before stays whatever happens later.
 #include "messages/languageentries.h"
 
 #include "text/unitsearch.h"
@@ -54,17 +54,6 @@ bool parseInclude(view line, string& name)
     return true;
 }
 
-// The text of a value or of a continuation line, without its quotes or its comment.
-view valueText(view line)
-{
-    if (line.starts_with(quote)) {
-        line.remove_prefix(1);
-        return line.substr(0, line.rfind(quote));
-    }
-    if (indexOfUnit(line, commentMark) == line.size()) return line;
-    return trimmedRight(line.substr(0, line.rfind(commentMark)), blanks);
-}
-
 void finishValue(string& value)
 {
     for (char16_t& unit : value) unit = unit == u'\t' ? u' ' : unit;
@@ -91,42 +80,83 @@ bool languageLines::next(view& line)
     return true;
 }
 
+languageValue readLanguageValue(view line)
+{
+    languageValue value{line, {}};
+    if (line.starts_with(quote)) {
+        line.remove_prefix(1);
+        const auto last = line.rfind(quote);
+        value.quoted = true;
+        value.closed = last != line.npos;
+        value.text = line.substr(0, last);
+        if (value.closed) value.dropped = line.substr(last + 1);
+    } else if (indexOfUnit(line, commentMark) != line.size()) {
+        const auto last = line.rfind(commentMark);
+        value.comment = true;
+        value.text = trimmedRight(line.substr(0, last), blanks);
+        value.dropped = line.substr(last + 1);
+    }
+    return value;
+}
+
+namespace {
+
+// A line without a blank holds no entry, and one with a ";" in its key is a comment.
+void startEntry(view line, languageStep& step)
+{
+    const auto blank = line.find_first_of(blanks);
+    step.key = line.substr(0, blank);
+    step.value = {};
+    if (step.key.find(commentMark) != view::npos) {
+        step.what = languageStep::kind::comment;
+    } else if (blank == view::npos) {
+        step.what = languageStep::kind::keyAlone;
+    } else {
+        step.what = languageStep::kind::begins;
+        step.value = trimmedLeft(line.substr(blank), blanks);
+    }
+}
+
+} // namespace
+
+// Empty lines count for nothing, not even between the lines of one entry.
+bool languageSteps::next(languageStep& step)
+{
+    view line;
+    do {
+        if (!m_lines.next(line)) return false;
+        line = trimmedLine(line);
+    } while (line.empty());
+    step.line = m_lines.number();
+    step.goesOn = line.ends_with(continuationMark);
+    if (step.goesOn) line.remove_suffix(1);
+    if (m_open) {
+        step.what = languageStep::kind::continues;
+        step.key = {};
+        step.value = line;
+    } else {
+        startEntry(line, step);
+    }
+    m_open = step.goesOn && (m_open || step.what == languageStep::kind::begins);
+    return true;
+}
+
 bool languageEntries::next(languageEntry& entry)
 {
-    while (nextLine()) {
-        if (!startEntry(entry)) continue;
-        while (m_continues) {
-            if (!nextLine()) return false;
-            entry.value.append(valueText(m_line));
+    languageStep step;
+    while (m_steps.next(step)) {
+        if (step.what != languageStep::kind::begins) continue;
+        entry.key.assign(step.key);
+        entry.value.assign(readLanguageValue(step.value).text);
+        entry.line = step.line;
+        while (step.goesOn) {
+            if (!m_steps.next(step)) return false;
+            entry.value.append(readLanguageValue(step.value).text);
         }
         finishValue(entry.value);
         return true;
     }
     return false;
-}
-
-// Empty lines count for nothing, not even between the lines of one entry.
-bool languageEntries::nextLine()
-{
-    do {
-        if (!m_lines.next(m_line)) return false;
-        m_line = trimmedLine(m_line);
-    } while (m_line.empty());
-    m_continues = m_line.ends_with(continuationMark);
-    if (m_continues) m_line.remove_suffix(1);
-    return true;
-}
-
-// A line without a blank holds no entry, and one with a ";" in its key is a comment.
-bool languageEntries::startEntry(languageEntry& entry) const
-{
-    const auto blank = m_line.find_first_of(blanks);
-    const view key = m_line.substr(0, blank);
-    if (blank == m_line.npos || key.find(commentMark) != key.npos) return false;
-    entry.key.assign(key);
-    entry.value.assign(valueText(trimmedLeft(m_line.substr(blank), blanks)));
-    entry.line = m_lines.number();
-    return true;
 }
 
 std::vector<string> includedNames(view text)

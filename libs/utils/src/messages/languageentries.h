@@ -29,6 +29,41 @@ private:
     bool m_complete = true; // the current line has come with its line feed
 };
 
+// The text of an entry on one line, and what the line holds beside it.
+//
+//   a;b;c         a;b    dropped "c", a comment
+//   "a ; b " c    a ; b  dropped " c", quoted and closed
+struct languageValue {
+    std::u16string_view text;
+    std::u16string_view dropped; // behind the last ";", or behind the last quote
+    bool quoted = false;
+    bool closed = false; // by a second quote
+    bool comment = false;
+};
+languageValue readLanguageValue(std::u16string_view line);
+
+// What a line that is not empty is to the entries of its text.
+struct languageStep {
+    enum class kind { begins, continues, comment, keyAlone };
+    kind what = kind::comment;
+    std::u16string_view key;   // the first word, of a line that continues nothing
+    std::u16string_view value; // of a line that begins or continues an entry, as it stands there
+    bool goesOn = false;       // it ends in a "\", which neither of them holds
+    std::size_t line = 0;
+};
+
+// Walks through the lines of a text that are not empty.
+class languageSteps {
+public:
+    explicit languageSteps(std::u16string_view text) : m_lines(text) {}
+    // False, with `step` as it was, at the end.
+    bool next(languageStep& step);
+
+private:
+    languageLines m_lines;
+    bool m_open = false; // an entry waits for one more line
+};
+
 // One entry: its value is put together from all its lines, without quotes and comments.
 //
 //   key  "first \        line 1    { key, first second, 1 }
@@ -43,17 +78,12 @@ struct languageEntry {
 // that make no entry are passed over.
 class languageEntries {
 public:
-    explicit languageEntries(std::u16string_view text) : m_lines(text) {}
+    explicit languageEntries(std::u16string_view text) : m_steps(text) {}
     // False at the end, where an entry that waits for one more line is lost.
     bool next(languageEntry& entry);
 
 private:
-    bool nextLine();
-    bool startEntry(languageEntry& entry) const;
-
-    languageLines m_lines;
-    std::u16string_view m_line; // without blanks around it and without its "\"
-    bool m_continues = false;   // it had one
+    languageSteps m_steps;
 };
 
 // The names in the "#include" lines, in their order.
