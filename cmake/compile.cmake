@@ -61,3 +61,17 @@ function(orlo_link target)
       -Wl,--gc-sections,-z,relro,-z,now,-z,noexecstack,-z,pack-relative-relocs)
   endif()
 endfunction()
+
+# What Windows shows of an executable that is handed over, and how it treats its windows:
+# `orlo_describe(target "description")`.
+function(orlo_describe target description)
+  if(NOT WIN32)
+    return()
+  endif()
+  set(resources ${PROJECT_SOURCE_DIR}/packaging/windows)
+  set(script ${CMAKE_CURRENT_BINARY_DIR}/${target}.rc)
+  configure_file(${resources}/executable.rc.in ${script} @ONLY)
+  target_sources(${target} PRIVATE ${script})
+  set_source_files_properties(${script} PROPERTIES
+    OBJECT_DEPENDS "${resources}/tavenMorrel.ico;${resources}/tavenMorrel.manifest")
+endfunction()
