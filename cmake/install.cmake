@@ -1,5 +1,6 @@
-# The tree that a user gets: bin/tavenMorrel and, beside bin, config/Language.
-install(TARGETS tavenMorrel RUNTIME DESTINATION bin)
+# The tree that a user gets: bin/tavenMorrel, bin/orloLanguageCheck and, beside bin,
+# config/Language.
+install(TARGETS tavenMorrel orloLanguageCheck RUNTIME DESTINATION bin)
 install(DIRECTORY config/Language DESTINATION config)
 
 # What other programs build on: the headers, the static libraries, and a package by which
@@ -36,13 +37,12 @@ if(WIN32)
   set(orlo_documents doc)
 else()
   set(orlo_documents share/doc/tavenMorrel)
-  configure_file(packaging/linux/tavenMorrel.1.in tavenMorrel.1 @ONLY)
-  install(FILES ${PROJECT_BINARY_DIR}/tavenMorrel.1 DESTINATION share/man/man1)
+  foreach(name tavenMorrel orloLanguageCheck)
+    configure_file(packaging/linux/${name}.1.in ${name}.1 @ONLY)
+    install(FILES ${PROJECT_BINARY_DIR}/${name}.1 DESTINATION share/man/man1)
+  endforeach()
 endif()
 install(FILES CHANGELOG.md docs/commandline.md docs/installing.md docs/languagefile.md
-  docs/measuringdata.md docs/measuringdata.xsd docs/result.md docs/result.xsd
+  docs/measuringdata.md docs/measuringdata.xsd docs/result.md docs/result.xsd docs/translating.md
   DESTINATION ${orlo_documents})
 install(FILES ${ORLO_VIEWER_PAGE} DESTINATION ${orlo_documents} OPTIONAL)
-if(TARGET orloLanguageCheck)
-  install(TARGETS orloLanguageCheck RUNTIME DESTINATION bin)
-endif()

@@ -2,7 +2,8 @@
 # looked at again.
 if(ORLO_RULES)
   find_program(clang_tidy clang-tidy REQUIRED)
-  foreach(target utilsCore utilsPlatform entry geo toolCommands tavenMorrel)
+  foreach(target utilsCore utilsPlatform entry geo toolCommands tavenMorrel languageChecks
+      orloLanguageCheck)
     set_target_properties(${target} PROPERTIES CXX_CLANG_TIDY "${clang_tidy};--quiet")
     get_target_property(folder ${target} SOURCE_DIR)
     get_target_property(sources ${target} SOURCES)

@@ -2,6 +2,7 @@
 #
 #   suite.test        unit tests; where a process costs much, a suite is one test
 #   runs.FILE         whole runs of the installed executable, as runs/FILE_run.py tells them
+#   languages         the installed checker of language files, over those that are delivered
 #   kills.RUN         the executable killed and refused at each of its system calls
 #   replay.TARGET     the inputs that fuzzers gathered (fuzz/CMakeLists.txt)
 #   elsewhere         all unit tests in another time zone and language
@@ -15,6 +16,7 @@ include(suites.cmake)
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
 set(installed ${PROJECT_BINARY_DIR}/installed)
 set(tool ${installed}/bin/$<TARGET_FILE_NAME:tavenMorrel>)
+set(checker ${installed}/bin/$<TARGET_FILE_NAME:orloLanguageCheck>)
 set(patience 300) # seconds after which a test counts as hanging
 
 # orlo_script_test(NAME NEEDS COMMAND...): NEEDS are fixtures, with commas between.
@@ -56,7 +58,7 @@ foreach(target orlo_tests orlo_system_tests)
 endforeach()
 
 orlo_fixture(installed ${CMAKE_COMMAND} -D build=${PROJECT_BINARY_DIR} -D prefix=${installed}
-  -D tool=${tool} -P ${CMAKE_CURRENT_SOURCE_DIR}/installed.cmake)
+  -D tool=${tool} -D checker=${checker} -P ${CMAKE_CURRENT_SOURCE_DIR}/installed.cmake)
 
 # Whole runs; on Windows each answers the boxes of one desktop, so that one runs at a time.
 set(run python3 ${CMAKE_CURRENT_SOURCE_DIR}/runs/whole_run.py --tool ${tool}
@@ -77,12 +79,23 @@ foreach(name entry getncs language measuring slistat surroundings)
   endif()
 endforeach()
 
+set(check_languages python3 ${CMAKE_CURRENT_SOURCE_DIR}/languagecheck/checker_run.py
+  --checker ${checker} --languages ${installed}/config/Language)
+if(WIN32)
+  orlo_script_test(languages installed,windows ${scripts}/windows-session run ${check_languages})
+else()
+  orlo_script_test(languages installed ${check_languages})
+endif()
+
 if(WIN32)
   # The session: a Windows of its own, a display that nobody sees, and a server that stays.
   orlo_fixture(windows ${scripts}/windows-session start)
   add_test(NAME windows.end COMMAND ${scripts}/windows-session stop)
   set_tests_properties(windows.end PROPERTIES FIXTURES_CLEANUP windows)
-  orlo_script_test(needsSystemLibrariesOnly installed ${scripts}/check-imports ${tool})
+  foreach(program tool checker)
+    orlo_script_test(needsSystemLibrariesOnly.${program} installed
+      ${scripts}/check-imports ${${program}})
+  endforeach()
   orlo_script_test(consumer installed,windows ${scripts}/check-consumer windows ${installed})
   orlo_script_test(callers installed,windows ${scripts}/check-callers ${tool})
   set_tests_properties(callers PROPERTIES TIMEOUT 900)
@@ -96,7 +109,9 @@ endif()
 # What is asked once, of the executable as it is handed over.
 orlo_script_test(elsewhere locales ${CMAKE_COMMAND} -E env TZ=XYZ-9 LC_ALL=de_DE.UTF-8
   LOCPATH=${PROJECT_BINARY_DIR}/locales $<TARGET_FILE:orlo_tests> --gtest_brief=1)
-orlo_script_test(needsNoLibrary installed ${scripts}/check-imports ${tool})
+foreach(program tool checker)
+  orlo_script_test(needsNoLibrary.${program} installed ${scripts}/check-imports ${${program}})
+endforeach()
 foreach(run slistat-started slistat-ended getncs)
   orlo_script_test(kills.${run} installed ${scripts}/check-kills ${tool} ${run})
 endforeach()

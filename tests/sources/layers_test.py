@@ -25,6 +25,11 @@ SOUND = {
     "libs/utils/src/files/orlofile.cpp": ["orlofile.h"],
     "libs/utils/src/calendar/orlodate.cpp": ["orlodate.h"],
     "libs/geo/src/orlogeopoint.cpp": ["orlogeopoint.h"],
+    "libs/utils/src/messages/languageentries.h": ["orlostring.h"],
+    "libs/utils/src/messages/languageentries.cpp": ["messages/languageentries.h"],
+    "libs/utils/src/xml/xmlsource.h": ["orlostring.h"],
+    "libs/utils/src/xml/xmlsource.cpp": ["xml/xmlsource.h"],
+    "languagecheck/check.cpp": ["orlofile.h", "messages/languageentries.h"],
     "tool/getncs.h": [],
     "tool/getncs.cpp": ["getncs.h", "orlofile.h", "orlogeopoint.h", "orlodate.h"],
 }
@@ -75,6 +80,12 @@ class Layers(unittest.TestCase):
             with self.subTest(included):
                 self.assert_refused("tool/getncs.cpp", included,
                                     "the tool includes public headers alone")
+
+    def test_the_checker_includes_nothing_above_messages(self):
+        for included, words in (("xml/xmlsource.h", "languagecheck must not include xml"),
+                                ("orlogeopoint.h", "languagecheck must not include geo")):
+            with self.subTest(included):
+                self.assert_refused("languagecheck/check.cpp", included, words)
 
     def test_a_circle_of_headers_is_refused(self):
         code, complaints = self.check({"libs/utils/inc/orlopath.h": ["orlofile.h"]})
