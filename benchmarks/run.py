@@ -3,7 +3,10 @@
 
 Every benchmark runs in a process of its own, so that none finds a heap that another one has
 warmed or scattered. The rounds go through all of them in turn, those of one case one right after
-the other, so that a busy moment of the machine hits them all."""
+the other, so that a busy moment of the machine hits them all.
+
+Under Wine the time is that of the clock on the wall: the processor time that it tells is a
+multiple of 10 ms. First runs are in "first/parse/small/10M/pugixml"."""
 
 import argparse
 import json
@@ -17,12 +20,36 @@ from pathlib import Path
 
 ARGUMENTS = argparse.ArgumentParser(description=__doc__)
 ARGUMENTS.add_argument("--build", type=Path, required=True, help="the build folder")
-ARGUMENTS.add_argument("--installed", type=Path, help="the installed tool, for whole runs")
-ARGUMENTS.add_argument("--runner", default="", help="runs the programs, as Wine does")
+ARGUMENTS.add_argument("--installed", type=Path, required=True, help="the installed tool")
+ARGUMENTS.add_argument("--wine", help="runs the programs, which are those of the Windows build")
 ARGUMENTS.add_argument("--out", type=Path, required=True)
 ARGUMENTS.add_argument("--rounds", type=int, default=5)
+ARGUMENTS.add_argument("--quick", action="store_true", help="two rounds in place of five")
 ARGUMENTS.add_argument("--only", default="", help="a regular expression over the names")
 ARGUMENTS.add_argument("--large", action="store_true", help="also documents of 100 MB and a million files")
+
+# Jobs that are measured in fresh processes: the case, what `firstrun` is told, and the peers.
+XML_PEERS = ["pugixml", "tinyxml2", "libxml2", "expat+tree"]
+FIRST_RUNS = [
+    ("parse/measuring/1K", ["parse", "measuring", "0"], XML_PEERS),
+    ("parse/small/10M", ["parse", "small", "10000000"], XML_PEERS),
+    ("parse/attributes/10M", ["parse", "attributes", "10000000"], XML_PEERS),
+    ("parse/texts/10M", ["parse", "texts", "10000000"], XML_PEERS),
+    ("parse/wide/1000000", ["parse", "wide", "1000000"], XML_PEERS),
+    ("parse/deep/100000", ["parse", "deep", "100000"], ["pugixml", "libxml2", "expat+tree"]),
+    ("write/small/10M", ["write", "small", "10000000"], XML_PEERS[:3]),
+    ("write/attributes/10M", ["write", "attributes", "10000000"], XML_PEERS[:3]),
+    ("write/texts/10M", ["write", "texts", "10000000"], XML_PEERS[:3]),
+    ("write/wide/1000000", ["write", "wide", "1000000"], XML_PEERS[:3]),
+    ("language-load/entries/1000", ["language-load", "shuffled", "1000"], ["streams"]),
+    ("language-load/entries/100000", ["language-load", "shuffled", "100000"], ["streams"]),
+    ("language-load/entries in order/1000", ["language-load", "rising", "1000"], ["streams"]),
+    ("language-load/entries in order/100000", ["language-load", "rising", "100000"], ["streams"]),
+]
+# Those that are built for Windows too.
+WINDOWS_PEERS = {"pugixml", "tinyxml2", "streams"}
+# What the table calls them.
+LONG_NAMES = {"streams": "std::map with streams"}
 
 CYLINDERS = [(12.5182, 318.4466, 151.2037), (412.4969, 319.3193, 151.5312),
              (413.1514, 19.3204, 151.3094), (13.1727, 18.4477, 150.9767)]
@@ -42,9 +69,30 @@ class Samples:
         self.all.setdefault(name, []).append(value)
 
 
-def micro_names(program, large):
-    listed = subprocess.run([*program, "--benchmark_list_tests"], capture_output=True, text=True, check=True)
-    names = [line.strip() for line in listed.stdout.splitlines() if line.strip()]
+class Programs:
+    """Starts the programs of a build, and knows how they call a folder of this system."""
+
+    def __init__(self, build, wine, folder):
+        self.build = build / "benchmarks"
+        self.runner = [wine] if wine else []
+        self.drive = "Z:" if wine else ""
+        self.clock = "real_time" if wine else "cpu_time"
+        self.environment = {**os.environ, "ORLO_BENCHMARK_FOLDER": self.path(folder)}
+
+    def path(self, path):
+        return f"{self.drive}{path}"
+
+    def output(self, name, *arguments):
+        """What a program prints."""
+        program = next(self.build.glob(f"{name}.exe" if self.runner else name))
+        run = subprocess.run([*self.runner, program, *arguments], capture_output=True, text=True, check=True,
+                             env=self.environment)
+        return run.stdout
+
+
+def micro_names(programs, large):
+    listed = programs.output("microbenchmarks", "--benchmark_list_tests")
+    names = [line.strip() for line in listed.splitlines() if line.strip()]
     wanted = [name for name in names if large or "/100M/" not in name]
     return sorted(wanted, key=lambda name: name.rsplit("/", 1)[0])
 
@@ -54,16 +102,35 @@ def exactly(name):
     return re.sub(r"[][(){}.*+?^$|\\]", r"\\\g<0>", name)
 
 
-def run_micro(program, names, rounds, samples):
+def run_micro(programs, names, rounds, samples):
     for _ in range(rounds):
         for name in names:
-            run = subprocess.run([*program, f"--benchmark_filter=^{exactly(name)}$", "--benchmark_min_time=0.05",
-                                  "--benchmark_format=json"], capture_output=True, text=True, check=True)
-            for row in json.loads(run.stdout)["benchmarks"]:
+            printed = programs.output("microbenchmarks", f"--benchmark_filter=^{exactly(name)}$",
+                                      "--benchmark_min_time=0.05", "--benchmark_format=json")
+            for row in json.loads(printed)["benchmarks"]:
                 if row.get("error_occurred"):
                     raise SystemExit(f"{name}: {row['error_message']}")
                 scale = {"ns": 1e-3, "us": 1, "ms": 1e3}[row["time_unit"]]
-                samples.add(re.sub(r"/\d+$", "", name), row["cpu_time"] * scale)
+                # Without the argument, which stands behind the name.
+                samples.add(re.sub(r"/\d+$", "", name), row[programs.clock] * scale)
+
+
+def first_runs(programs, rounds, samples):
+    """The first run of each job, and of a parse the release of the tree as a case of its own."""
+    jobs = [(case, told, ["project", *(who for who in peers if not programs.runner or who in WINDOWS_PEERS)])
+            for case, told, peers in FIRST_RUNS]
+    for _ in range(rounds):
+        for case, told, libraries in jobs:
+            for who in libraries:
+                name = f"{case}/{LONG_NAMES.get(who, who)}"
+                releases = case.startswith("parse/") and samples.wants("release" + name.removeprefix("parse"))
+                if not samples.wants(name) and not releases:
+                    continue
+                job, release = (int(value) / 1000 for value in programs.output("firstrun", who, *told).split())
+                if samples.wants(name):
+                    samples.add(f"first/{name}", job)
+                if releases:
+                    samples.add("first/release" + name.removeprefix("parse"), release)
 
 
 def processor_time(command, expected=0):
@@ -106,15 +173,19 @@ class WholeRuns:
     def getncs(self, rounds):
         measuring = self.taven / "MeasuringData_P400.xml"
         measuring_file(measuring)
-        results = [self.folder / "project.xml", self.folder / "minimal.xml"]
+        results = [self.folder / name for name in ("project.xml", "minimal.xml", "calls.xml")]
+        program, languages = Path(self.tool).parent, self.language.parent.parent
+        in_vain = [f"{place}/language.loc" for place in (program, languages, program / "english")]
         commands = {
             "project": [self.tool, "-cmd:getncs", "-language:english", f"-tavenfldr:{self.taven}", "-platform:P400",
                         f"-out:{results[0]}"],
             "minimal C": [self.minimal("getncs"), str(measuring), str(self.language), str(results[1]), "P400"],
+            "C with all calls": [self.minimal("getncs_all_calls"), str(measuring), str(self.language),
+                                 str(results[2]), "P400", f"{self.folder}/", f"{self.taven}/", *in_vain],
         }
         for command in commands.values():
             processor_time(command, 1)
-        if results[0].read_bytes() != results[1].read_bytes():
+        if len({result.read_bytes() for result in results}) != 1:
             raise SystemExit("getncs: the results differ")
         for _ in range(rounds):
             for who, command in commands.items():
@@ -170,48 +241,71 @@ class WholeRuns:
                 target.unlink()
         source.unlink()
 
-    def memory(self, kind, size, label):
-        path = self.folder / "document.xml"
-        program = str(self.bounds / "parsememory")
-        subprocess.run([program, kind, str(size), path], check=True)
-        grown = subprocess.run([program, path], capture_output=True, text=True, check=True)
-        self.samples.add(f"parse memory/{kind}/{label}/project", int(grown.stdout))
-        self.samples.add(f"parse memory/{kind}/{label}/the document", path.stat().st_size)
-        path.unlink()
+
+def parse_memory(programs, kind, size, label, folder, samples):
+    path = folder / "document.xml"
+    programs.output("parsememory", kind, str(size), programs.path(path))
+    for who in ("project", "pugixml", "tinyxml2"):
+        if kind == "deep" and who == "tinyxml2":
+            continue # refuses it
+        grown = int(programs.output("parsememory", who, programs.path(path)))
+        samples.add(f"parse memory/{kind}/{label}/{who}", grown)
+    samples.add(f"parse memory/{kind}/{label}/the document", path.stat().st_size)
+    path.unlink()
 
 
-def whole_runs(arguments, samples):
-    # In memory, as what a disk adds is the same for all and hides the rest.
-    base = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
-    with tempfile.TemporaryDirectory(dir=base) as folder:
-        tree = Path(folder) / "installed"
-        shutil.copytree(arguments.installed, tree)
-        runs = WholeRuns(tree, arguments.build, Path(folder), samples)
-        if samples.wants("getncs"):
-            runs.getncs(100 * arguments.rounds)
-        if samples.wants("start"):
-            runs.start(100 * arguments.rounds)
-        if samples.wants("wipe"):
-            for count in (10, 100, 1000, 10000, 100000) + ((1000000,) if arguments.large else ()):
-                runs.wipe(count, max(1, min(20, 30000 // count)) * arguments.rounds)
-        if samples.wants("copy"):
-            runs.copy(300 << 20, 2 * arguments.rounds)
-        if samples.wants("parse memory"):
-            size, label = (10 ** 8, "100M") if arguments.large else (10 ** 7, "10M")
-            for kind in ("small", "attributes", "texts"):
-                runs.memory(kind, size, label)
-            runs.memory("wide", 10 ** 6, "1000000")
-            runs.memory("deep", 10 ** 5, "100000")
+def parse_memories(programs, large, folder, samples):
+    if not samples.wants("parse memory"):
+        return
+    size, label = (10 ** 8, "100M") if large else (10 ** 7, "10M")
+    for kind in ("small", "attributes", "texts"):
+        parse_memory(programs, kind, size, label, folder, samples)
+    parse_memory(programs, "wide", 10 ** 6, "1000000", folder, samples)
+    parse_memory(programs, "deep", 10 ** 5, "100000", folder, samples)
+
+
+def executable_size(arguments, folder, samples):
+    """Without the symbols, which nobody loads."""
+    if not samples.wants("size"):
+        return
+    name = "tavenMorrel.exe" if arguments.wine else "tavenMorrel"
+    strip = "x86_64-w64-mingw32-strip" if arguments.wine else "strip"
+    subprocess.run([strip, "-o", folder / name, arguments.installed / "bin" / name], check=True)
+    samples.add("size/executable/project", (folder / name).stat().st_size)
+    (folder / name).unlink()
+
+
+def whole_runs(arguments, rounds, folder, samples):
+    tree = folder / "installed"
+    shutil.copytree(arguments.installed, tree)
+    runs = WholeRuns(tree, arguments.build, folder, samples)
+    if samples.wants("getncs"):
+        runs.getncs(100 * rounds)
+    if samples.wants("start"):
+        runs.start(100 * rounds)
+    if samples.wants("wipe"):
+        for count in (10, 100, 1000, 10000, 100000) + ((1000000,) if arguments.large else ()):
+            runs.wipe(count, max(1, min(20, 30000 // count)) * rounds)
+    if samples.wants("copy"):
+        runs.copy(300 << 20, 2 * rounds)
 
 
 def main():
     arguments = ARGUMENTS.parse_args()
+    rounds = 2 if arguments.quick else arguments.rounds
     samples = Samples(arguments.only)
-    program = [*arguments.runner.split(), str(next((arguments.build / "benchmarks").glob("microbenchmarks*")))]
-    names = [name for name in micro_names(program, arguments.large) if samples.wants(name)]
-    run_micro(program, names, arguments.rounds, samples)
-    if arguments.installed:
-        whole_runs(arguments, samples)
+    # In memory, as what a disk adds is the same for all and hides the rest.
+    base = "/dev/shm" if os.access("/dev/shm", os.W_OK) else None
+    with tempfile.TemporaryDirectory(dir=base) as name:
+        folder = Path(name)
+        programs = Programs(arguments.build, arguments.wine, folder)
+        micro = [name for name in micro_names(programs, arguments.large) if samples.wants(name)]
+        run_micro(programs, micro, rounds, samples)
+        first_runs(programs, 2 * rounds + 1, samples)
+        parse_memories(programs, arguments.large, folder, samples)
+        executable_size(arguments, folder, samples)
+        if not arguments.wine:
+            whole_runs(arguments, rounds, folder, samples)
     arguments.out.write_text(json.dumps(samples.all, indent=1))
 
 

@@ -1,5 +1,5 @@
 // What remains of a text by key if nothing but the file checks is done: the bound.
-#include "texts.h"
+#include "languagefiles.h"
 
 #include <benchmark/benchmark.h>
 #include <sys/stat.h>

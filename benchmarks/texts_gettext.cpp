@@ -1,6 +1,6 @@
 // A text by key as most programs of this system get it: from a catalogue that is mapped once,
 // with no look at its file afterwards.
-#include "texts.h"
+#include "languagefiles.h"
 
 #include <benchmark/benchmark.h>
 #include <libintl.h>

@@ -1,6 +1,12 @@
 /* The bound of getncs for a measured platform: a static program that makes only the calls that
    the job needs, and knows nothing but this job. Takes the paths of the measuring file, the
-   language file and the result, and the platform. */
+   language file and the result, and the platform.
+
+   With ALL_CALLS it also makes the calls that the tool's promises cost, one for each question that
+   another one has not just answered: whether folders and files are there, where a language file
+   lies and whether it was edited meanwhile, whether the result can be written. It takes further
+   the folders of the result and of the measuring file, and the three places in which a language
+   file is looked for in vain. */
 #define _GNU_SOURCE
 #include <fcntl.h>
 #include <math.h>
@@ -10,6 +16,61 @@
 #include <sys/stat.h>
 #include <time.h>
 #include <unistd.h>
+
+#ifdef ALL_CALLS
+enum { argumentCount = 10 };
+
+static void expect(int holds)
+{
+    if (!holds) exit(2);
+}
+
+static int isThere(const char *path)
+{
+    struct stat found;
+    return stat(path, &found) == 0;
+}
+
+static void askForFolders(char **arguments)
+{
+    char self[4096];
+    expect(readlink("/proc/self/exe", self, sizeof self) > 0);
+    expect(access(arguments[5], F_OK) == 0);
+    expect(access(arguments[6], F_OK) == 0);
+}
+
+/* Once for the choice of the answer, and once more when it is read, which also gives the size. */
+static void askForMeasuring(char **arguments)
+{
+    expect(isThere(arguments[1]));
+    expect(isThere(arguments[1]));
+}
+
+static void searchLanguage(char **arguments)
+{
+    for (int place = 7; place < 10; ++place) expect(!isThere(arguments[place]));
+    expect(isThere(arguments[2]));
+}
+
+/* The time of the file is asked for at each text. */
+static void askForTime(char **arguments)
+{
+    expect(isThere(arguments[2]));
+}
+
+/* A file is made and removed again, to learn whether the place can be written. */
+static void tryResult(const char *path)
+{
+    expect(access(path, W_OK) != 0);
+    expect(!isThere(path));
+    int file = open(path, O_RDWR | O_CREAT | O_EXCL, 0666);
+    expect(file >= 0 && close(file) == 0);
+    expect(isThere(path));
+    expect(unlink(path) == 0);
+}
+#else
+enum { argumentCount = 5 };
+#endif
 
 static char *readWhole(const char *path, char *buffer, size_t room)
 {
@@ -87,8 +148,12 @@ int main(int count, char **arguments)
     static char measured[65536], language[65536], result[65536];
     char date[128];
     double p[4][3];
-    if (count != 5) return 2;
+    if (count != argumentCount) return 2;
 
+#ifdef ALL_CALLS
+    askForFolders(arguments);
+    askForMeasuring(arguments);
+#endif
     const char *at = readWhole(arguments[1], measured, sizeof measured);
     struct tm universal = {0};
     int year = 0;
@@ -122,11 +187,22 @@ int main(int count, char **arguments)
     cross(y, z, x);
     normalize(x);
 
+#ifdef ALL_CALLS
+    searchLanguage(arguments);
+    expect(access(arguments[2], R_OK) == 0);
+    /* The lines that include other files are read before all the others. */
+    readWhole(arguments[2], language, sizeof language);
+    askForTime(arguments);
+#endif
     readWhole(arguments[2], language, sizeof language);
     char *out = stpcpy(result, "\xEF\xBB\xBF<?xml version=\"1.0\" encoding=\"UTF-8\"?>\n<getNCSResult>\n"
                                "   <message type=\"confirm\" title=\"");
     text(&out, language, "brx_msgTitle", arguments[4], date);
     out = stpcpy(out, "\">");
+#ifdef ALL_CALLS
+    searchLanguage(arguments);
+    askForTime(arguments);
+#endif
     text(&out, language, "brx_measureFound", arguments[4], date);
     out = stpcpy(out, "</message>\n   <ncs");
     triple(&out, "o", -(x[0] * o[0] + x[1] * o[1] + x[2] * o[2]), -(y[0] * o[0] + y[1] * o[1] + y[2] * o[2]),
@@ -141,7 +217,12 @@ int main(int count, char **arguments)
     triple(&out, "z", z[0], z[1], z[2]);
     out = stpcpy(out, "/>\n</getNCSResult>\n");
 
+#ifdef ALL_CALLS
+    if (isThere(arguments[3])) unlink(arguments[3]);
+    tryResult(arguments[3]);
+#else
     unlink(arguments[3]);
+#endif
     int file = open(arguments[3], O_WRONLY | O_CREAT | O_TRUNC, 0666);
     if (file < 0 || write(file, result, (size_t)(out - result)) != out - result || close(file) != 0) return 2;
     return 1;
