@@ -144,7 +144,8 @@ def processor_time(command, expected=0):
 
 
 def system_calls(command, log):
-    subprocess.run(["strace", "-f", "-o", log, *command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL)
+    subprocess.run(["strace", "-f", "-o", log, *command], stdin=subprocess.DEVNULL, stdout=subprocess.DEVNULL,
+                   env={**os.environ, "LC_ALL": "C"})
     return sum(1 for line in Path(log).read_text(errors="replace").splitlines() if not line.split()[1].startswith("+++"))
 
 
@@ -247,7 +248,7 @@ def parse_memory(programs, kind, size, label, folder, samples):
     programs.output("parsememory", kind, str(size), programs.path(path))
     for who in ("project", "pugixml", "tinyxml2"):
         if kind == "deep" and who == "tinyxml2":
-            continue # refuses it
+            continue  # refuses it
         grown = int(programs.output("parsememory", who, programs.path(path)))
         samples.add(f"parse memory/{kind}/{label}/{who}", grown)
     samples.add(f"parse memory/{kind}/{label}/the document", path.stat().st_size)
