@@ -78,18 +78,34 @@ public:
     static const string& emptyString();
 
     // The standard operations that can fail, in all their forms.
-    string& operator=(const char16_t* text) { return assign(text); }
+    string& operator=(const char16_t* text)
+    {
+        assign(text);
+        return *this;
+    }
+    string& operator=(char16_t unit)
+    {
+        std::u16string::operator=(unit);
+        return *this;
+    }
+    string& operator=(const std::u16string& text)
+    {
+        std::u16string::operator=(text);
+        return *this;
+    }
+    string& operator=(std::u16string&& text) noexcept
+    {
+        std::u16string::operator=(std::move(text));
+        return *this;
+    }
+    string& operator=(std::u16string_view text)
+    {
+        assign(text);
+        return *this;
+    }
     string& operator=(std::initializer_list<char16_t> units)
     {
         std::u16string::operator=(units);
-        return *this;
-    }
-    template <class What>
-    requires(!std::same_as<std::remove_cvref_t<What>, string> &&
-             std::is_assignable_v<std::u16string&, What>) string&
-    operator=(What&& what)
-    {
-        std::u16string::operator=(std::forward<What>(what));
         return *this;
     }
     template <class What>
