@@ -118,14 +118,14 @@ public:
     template <class... What>
     string& assign(const What&... what)
     {
-        change([&] { std::u16string::assign(what...); }, what...);
+        change([&] { std::u16string::assign(argument(what)...); }, what...);
         return *this;
     }
     string& assign(std::initializer_list<char16_t> units) { return *this = units; }
     template <class... What>
     string& append(const What&... what)
     {
-        change([&] { std::u16string::append(what...); }, what...);
+        change([&] { std::u16string::append(argument(what)...); }, what...);
         return *this;
     }
     string& append(std::initializer_list<char16_t> units)
@@ -136,20 +136,20 @@ public:
     template <class... What>
     string& insert(std::size_t position, const What&... what)
     {
-        change([&] { std::u16string::insert(position, what...); }, what...);
+        change([&] { std::u16string::insert(position, argument(what)...); }, what...);
         return *this;
     }
     template <class... What>
     iterator insert(const_iterator position, const What&... what)
     {
-        change([&] { position = std::u16string::insert(position, what...); }, what...);
+        change([&] { position = std::u16string::insert(position, argument(what)...); }, what...);
         return begin() + (position - cbegin());
     }
     iterator insert(const_iterator position, std::initializer_list<char16_t> units);
     template <class... What>
     string& replace(const What&... what)
     {
-        change([&] { std::u16string::replace(what...); }, what...);
+        change([&] { std::u16string::replace(argument(what)...); }, what...);
         return *this;
     }
     string& replace(const_iterator first, const_iterator last,
@@ -178,6 +178,16 @@ private:
         } catch (...) {
             rethrow(greatestOf(what...));
         }
+    }
+    // Counts and positions as the standard operations take them: a literal's value, which fits, is
+    // no constant any more when it gets here.
+    template <class What>
+    static decltype(auto) argument(const What& what)
+    {
+        if constexpr (std::signed_integral<What>)
+            return static_cast<std::size_t>(what);
+        else
+            return (what);
     }
     // The greatest number among the arguments, which is the count where the text got too long.
     template <class... What>

@@ -103,15 +103,16 @@ bool searchPath::findFile(const string& name, file& out, bool recursive) const
 
 void searchPath::parse(const string& text, const directory& base, char16_t delimiter)
 {
-    const string basePath = base.path(); // the base may be an entry of this list, which grows
+    // A copy, as the base may be an entry of this list, which grows.
+    const directory from(base);
     std::vector<string> pieces;
     text.split(std::u16string_view(&delimiter, 1), pieces);
     for (string& piece : pieces) {
         piece.trimLeft(blanks).trimRight(blanks);
         if (piece.empty()) continue;
         // Any leading dot counts, that of ".hidden" too.
-        const directory entry =
-            piece[0] == u'.' ? directory(basePath, piece) : directory(normalizePath(piece, false));
+        const directory entry = piece[0] == u'.' ? directory(from.path(), piece)
+                                                 : directory(normalizePath(piece, false));
         if (entry.exists()) addDirectory(entry);
     }
 }
