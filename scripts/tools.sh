@@ -4,11 +4,14 @@
 
 # What shows that a package is there: a program on the path, or a file.
 declare -A proofOf=(
+    [chromium]=chromium
     [clang]=clang++
     [clang-format]=clang-format
     [clang-tidy]=clang-tidy
     [cmake]=cmake
     [doxygen]=doxygen
+    [firefox-esr]=firefox-esr
+    [fonts-dejavu-core]=/usr/share/fonts/truetype/dejavu/DejaVuSans.ttf
     [g++]=g++
     [g++-mingw-w64-x86-64-posix]=x86_64-w64-mingw32-g++-posix
     [gcovr]=gcovr
@@ -22,6 +25,8 @@ declare -A proofOf=(
     [mono-mcs]=mcs
     [mono-runtime]=mono
     [ninja-build]=ninja
+    [nodejs]=node
+    [npm]=npm
     [python3]=python3
     [shellcheck]=shellcheck
     [wine64]=/usr/lib/wine/wine64

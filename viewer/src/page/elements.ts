@@ -29,9 +29,10 @@ export interface tableParts {
     heads: string[]; // the first stands over the row heads
     rows: { head: child; cells: child[]; className?: string }[];
     className?: string;
+    wide?: string; // the name of a table that may be wider than the screen
 }
 
-export function table({ caption, heads, rows, className }: tableParts): HTMLElement {
+export function table({ caption, heads, rows, className, wide }: tableParts): HTMLElement {
     const head = make("tr", {}, ...heads.map((text) => make("th", { scope: "col" }, text)));
     const body = rows.map((each) =>
         make(
@@ -43,5 +44,7 @@ export function table({ caption, heads, rows, className }: tableParts): HTMLElem
     );
     const captions = caption === undefined ? [] : [make("caption", {}, caption)];
     const whole = make("table", {}, ...captions, make("thead", {}, head), make("tbody", {}, ...body));
-    return make("div", { class: `scrolled ${className ?? ""}`.trim() }, whole);
+    // A wide table scrolls on a narrow screen, also by keys.
+    const scrolled = wide === undefined ? {} : { tabindex: 0, role: "group", "aria-label": wide };
+    return make("div", { class: `scrolled ${className ?? ""}`.trim(), ...scrolled }, whole);
 }

@@ -14,7 +14,7 @@ export interface fileActions {
 export function showFiles(sets: fileSets, speak: language, actions: fileActions): void {
     const cards = ([0, 1] as const).map((index) => card(index, sets.at(index), sets.isEmpty(index), speak, actions));
     byId("sets").replaceChildren(...cards);
-    byId("intro").hidden = !sets.isEmpty(0) && !sets.isEmpty(1);
+    byId("intro").hidden = !sets.isEmpty(0) || !sets.isEmpty(1);
 }
 
 function card(index: setIndex, set: fileSet, empty: boolean, speak: language, actions: fileActions): HTMLElement {
@@ -27,9 +27,13 @@ function card(index: setIndex, set: fileSet, empty: boolean, speak: language, ac
     const made = make(
         "section",
         { class: `set ${first ? "one" : "other"}${empty ? "" : " filled"}`, "aria-labelledby": headId },
-        make("h3", { id: headId }, speak.text(first ? "firstSet" : "secondSet")),
+        make(
+            "div",
+            { class: "head" },
+            make("h3", { id: headId }, speak.text(first ? "firstSet" : "secondSet")),
+            ...chooser(index, empty, speak, actions),
+        ),
         ...(empty ? [hint] : [make("ul", {}, ...lines)]),
-        ...chooser(index, empty, speak, actions),
         ...message,
     );
     made.dataset.set = String(index);
@@ -68,8 +72,7 @@ function messageOf(result: NonNullable<fileSet["result"]>, speak: language): HTM
     return make(
         "div",
         { class: `message ${result.type}` },
-        make("span", { class: "quiet" }, speak.text("messageOfTool")),
-        make("strong", {}, result.title),
+        make("p", {}, make("span", { class: "quiet" }, `${speak.text("messageOfTool")}: `), make("strong", {}, result.title)),
         make("div", { class: "said" }, result.message),
     );
 }

@@ -46,7 +46,6 @@ class page {
         this.status("");
         showFormulas(this.m_speak);
         this.m_view.speak(this.m_speak);
-        this.showSaving();
         this.show(false);
     }
 
@@ -69,7 +68,7 @@ class page {
     private async read(file: File): Promise<readDocument | problem> {
         if (file.size > mostBytes) return { key: "fileTooLarge", values: { size: mostBytes / 1024 / 1024 } };
         try {
-            return await readFile(new Uint8Array(await file.arrayBuffer()), file.name, nextTask);
+            return await readFile(new Uint8Array(await file.arrayBuffer()), file.name, breathe);
         } catch (thrown) {
             // A folder, or a file that has gone meanwhile.
             if (thrown instanceof DOMException) return { key: "cannotRead" };
@@ -93,6 +92,7 @@ class page {
         if (first === undefined || !drawn) return;
         showNumbers(first, second, this.m_speak);
         if (otherFiles) this.m_view.show(first, second);
+        this.showSaving();
     }
 
     private remove(change: () => void, set: setIndex): void {
@@ -178,9 +178,17 @@ function differentPlatforms(first: measurement | undefined, second: measurement 
     return [{ key: "differentPlatforms", values: { first: one, second: other } }];
 }
 
-// Lets the browser answer a person before the reading goes on.
-function nextTask(): Promise<void> {
-    return new Promise((resolve) => setTimeout(resolve, 0));
+// Lets the browser answer a person before the reading goes on, when it has gone on for a while.
+const breath = 30; // in ms
+let lastBreath = 0;
+function breathe(): Promise<void> {
+    if (performance.now() - lastBreath < breath) return Promise.resolve();
+    return new Promise((resolve) => {
+        setTimeout(() => {
+            lastBreath = performance.now();
+            resolve();
+        }, 0);
+    });
 }
 
 new page();

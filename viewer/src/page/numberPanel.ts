@@ -94,6 +94,7 @@ function cylinderTables(rows: row[], columns: column[], speak: language): HTMLEl
                 cells: shown.map((label) => number(rows, label, detail, column, speak)),
             })),
             className: "cylinders",
+            wide: speak.text("cylinders"),
         }),
     );
 }

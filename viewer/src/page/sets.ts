@@ -1,7 +1,8 @@
 // Which files belong to which of the two measurements that can be laid over each other.
-import { type measurement, measurementOf } from "../numbers/measurement";
 import { cornersOf } from "../numbers/corners";
+import { type measurement, measurementOf } from "../numbers/measurement";
 import { offMiddle } from "../numbers/stand";
+import { angleBetween } from "../numbers/vector";
 import type { measuringFile } from "../reading/measuringFile";
 import type { readDocument } from "../reading/readFile";
 import type { resultDocument } from "../reading/resultDocument";
@@ -54,8 +55,13 @@ export class fileSets {
         return ([0, 1] as const).filter((index) => this.m_sets[index][read.kind] === undefined);
     }
 
+    // Two measurements of one platform may have one middle; then the axes decide.
     private fittingSet(read: readDocument): setIndex | undefined {
-        return this.freeSets(read).find((index) => belongTogether({ ...this.m_sets[index], [read.kind]: read }));
+        const fits = this.freeSets(read)
+            .map((index) => ({ index, angle: misfit({ ...this.m_sets[index], [read.kind]: read }) }))
+            .filter((each) => each.angle !== undefined)
+            .sort((a, b) => a.angle! - b.angle!);
+        return fits[0]?.index;
     }
 }
 
@@ -66,7 +72,10 @@ function emptySet(): fileSet {
 // In mm: the origin of a result lies over the middle of the measured cylinders.
 const tolerance = 1e-3;
 
-function belongTogether({ measuring, result }: fileSet): boolean {
-    if (measuring === undefined || result?.frames === undefined) return false;
-    return offMiddle(result.frames.cs, cornersOf(measuring.cylinders)) < tolerance;
+// In degrees, between the Z axis and the plane's normal; undefined for files that can't belong together.
+function misfit({ measuring, result }: fileSet): number | undefined {
+    if (measuring === undefined || result?.frames === undefined) return undefined;
+    const measured = cornersOf(measuring.cylinders);
+    if (measured.fitted === undefined || offMiddle(result.frames.cs, measured) > tolerance) return undefined;
+    return angleBetween(measured.fitted.plane.normal, result.frames.cs.z);
 }

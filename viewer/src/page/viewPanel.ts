@@ -20,7 +20,8 @@ const fineness = 2;
 export class viewPanel {
     private readonly m_canvas = byId<HTMLCanvasElement>("canvas");
     private readonly m_slider = byId<HTMLInputElement>("factor");
-    private readonly m_view: view | undefined;
+    private m_view: view | undefined;
+    private m_begun = false;
     private m_first: measurement | undefined;
     private m_second: measurement | undefined;
     private m_drawing: drawing | undefined;
@@ -28,17 +29,8 @@ export class viewPanel {
     private m_shownBy: HTMLElement | drawnCylinder | undefined; // what the tooltip is open for
 
     constructor(private m_speak: language) {
-        this.m_view = viewOn(this.m_canvas);
         this.m_slider.max = String(factors.length - 1);
         this.m_slider.addEventListener("input", () => this.changeFactor());
-        if (this.m_view === undefined) {
-            this.withoutView();
-            return;
-        }
-        this.m_view.onChange = () => this.placeLabels();
-        this.m_canvas.addEventListener("keydown", (event) => this.onKey(event));
-        this.m_canvas.addEventListener("pointermove", (event) => this.onPointer(event));
-        byId("figure").addEventListener("pointerleave", () => this.hideValues());
         document.addEventListener("keydown", (event) => {
             if (event.key === "Escape") this.hideValues();
         });
@@ -50,6 +42,7 @@ export class viewPanel {
     // Other files: a fitting exaggeration and an oblique look.
     show(first: measurement, second: measurement | undefined): void {
         [this.m_first, this.m_second] = [first, second];
+        this.begin();
         this.m_slider.value = String(factors.indexOf(fittingFactor(first, second)));
         this.hideValues();
         this.redraw();
@@ -124,21 +117,34 @@ export class viewPanel {
         if (picture !== undefined) byId("printed").replaceChildren(picture);
     }
 
-    private withoutView(): void {
-        for (const id of ["figure", "exaggeration", "legend"]) byId(id).hidden = true;
-        byId("noWebgl").hidden = false;
+    // Only when there is something to draw, as the beginning of 3D takes a while.
+    private begin(): void {
+        if (this.m_begun) return;
+        this.m_begun = true;
+        this.m_view = viewOn(this.m_canvas);
+        byId("noWebgl").hidden = this.m_view !== undefined;
+        for (const id of ["figure", "exaggeration", "legend"]) byId(id).hidden = this.m_view === undefined;
+        if (this.m_view === undefined) return;
+        this.m_view.onChange = () => this.placeLabels();
+        this.m_canvas.addEventListener("keydown", (event) => this.onKey(event));
+        this.m_canvas.addEventListener("pointermove", (event) => this.onPointer(event));
+        byId("figure").addEventListener("pointerleave", () => this.hideValues());
+        this.showTools();
     }
 
     private showTools(): void {
         if (this.m_view === undefined) return;
         const shown = this.m_view;
-        const button = (key: textKey, click: () => void): HTMLElement =>
-            make("button", { type: "button", id: key, click }, this.m_speak.text(key));
+        const button = (key: textKey, click: () => void, sign?: string): HTMLElement => {
+            const name = this.m_speak.text(key);
+            const named = sign === undefined ? {} : { title: name, "aria-label": name };
+            return make("button", { type: "button", id: key, click, ...named }, sign ?? name);
+        };
         const looks: viewpoint[] = ["oblique", "above", "front", "right"];
         byId("viewTools").replaceChildren(
             ...looks.map((each) => button(each, () => shown.lookFrom(each))),
-            button("zoomIn", () => shown.zoom(1)),
-            button("zoomOut", () => shown.zoom(-1)),
+            button("zoomIn", () => shown.zoom(1), "+"),
+            button("zoomOut", () => shown.zoom(-1), "−"),
         );
     }
 
