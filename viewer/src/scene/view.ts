@@ -131,8 +131,10 @@ export class view {
         ];
         this.shift((left + right) / 2, (down + up) / 2);
         const [width, height] = [this.m_camera.right - this.m_camera.left, this.m_camera.top - this.m_camera.bottom];
-        this.m_camera.zoom = 0.88 * Math.min(width / Math.max(right - left, 1e-9), height / Math.max(up - down, 1e-9));
+        this.m_camera.zoom = 0.86 * Math.min(width / Math.max(right - left, 1e-9), height / Math.max(up - down, 1e-9));
         this.m_camera.updateProjectionMatrix();
+        // A little up, as the line on the exaggeration stands below.
+        this.shift(0, (-0.03 * height) / this.m_camera.zoom);
         this.m_controls.update();
         this.redraw();
     }

@@ -31,6 +31,19 @@ export function startChromium(): Promise<Browser> {
     });
 }
 
+// On a display, as without one it does not draw in 3D.
+export function startFirefox(display: string): Promise<Browser> {
+    return puppeteer.launch({
+        browser: "firefox",
+        executablePath: "/usr/bin/firefox-esr",
+        headless: false,
+        extraPrefsFirefox: { "webgl.force-enabled": true, "intl.accept_languages": "en", "ui.systemUsesDarkTheme": 0 },
+        env: { ...process.env, TZ: "UTC", DISPLAY: display, LIBGL_ALWAYS_SOFTWARE: "1" },
+        protocolTimeout: 180_000,
+        timeout: 120_000,
+    });
+}
+
 export interface shown {
     page: Page;
     errors: string[]; // of scripts and of the console
