@@ -1,8 +1,10 @@
 // The main views in Firefox.
 import assert from "node:assert/strict";
+import { writeFileSync } from "node:fs";
+import { join } from "node:path";
 import { after, before, test } from "node:test";
 import type { Browser, Page } from "puppeteer-core";
-import { cells, choose, foreign, makeFiles, pageUrl, places, settled, startFirefox, textOf } from "../support/browser";
+import { cells, choose, folder, foreign, makeFiles, pageUrl, places, startFirefox, textOf } from "../support/browser";
 import { type display, startDisplay } from "../support/display";
 import { looksAsKept } from "../support/pictures";
 
@@ -64,17 +66,13 @@ test("Firefox: two measurements lie over each other", async () => {
 
 test("Firefox: a bad file gives its sentence, and German is spoken when chosen", async () => {
     await page.select("#language", "de");
-    await choose(page, 0, pageFile());
-    await settled(page, [pageFile()]);
-    assert.match(await textOf(page, ".problem span"), /^tavenMorrelViewer\.html: Zeile 1, Spalte \d+: /);
+    const wrong = join(folder, "seite.html");
+    writeFileSync(wrong, "<html></html>");
+    await choose(page, 0, wrong);
+    assert.match(await textOf(page, ".problem span"), /^seite\.html: Zeile 1, Spalte 1: Dies ist weder eine Messdatei noch/);
 });
 
 test("Firefox: no request was made and no script failed", () => {
     assert.deepEqual(errors, []);
     assert.deepEqual(foreign(requests), []);
 });
-
-// The page itself: a file that is certainly no measuring file.
-function pageFile(): string {
-    return new URL(pageUrl).pathname;
-}
