@@ -29,9 +29,13 @@ async function bundled(entry) {
 
 // The licence of every package of which something is in the bundle.
 async function licences(inputs) {
-    const packages = new Set(inputs.map((path) => /node_modules\/((?:@[^/]+\/)?[^/]+)/.exec(path)?.[1]).filter(Boolean));
+    const packages = new Set(
+        inputs.map((path) => /node_modules\/((?:@[^/]+\/)?[^/]+)/.exec(path)?.[1]).filter(Boolean),
+    );
     const texts = [...packages].sort().map(async (name) => {
-        const { version } = JSON.parse(await readFile(source("node_modules", name, "package.json"), "utf8"));
+        const { version } = JSON.parse(
+            await readFile(source("node_modules", name, "package.json"), "utf8"),
+        );
         return `${name} ${version}\n\n${(await readFile(source("node_modules", name, "LICENSE"), "utf8")).trim()}`;
     });
     return (await Promise.all(texts)).join("\n\n");
@@ -64,7 +68,12 @@ async function page() {
     // A closing tag in a string of the script would end it.
     const script = text.replaceAll("</script", "<\\/script");
     const style = (await bundled("src/page/page.css")).text;
-    const parts = { policy: policy(script, style), style, script, licences: escaped(await licences(inputs)) };
+    const parts = {
+        policy: policy(script, style),
+        style,
+        script,
+        licences: escaped(await licences(inputs)),
+    };
     const template = await readFile(source("src/page/page.html"), "utf8");
     return template.replace(/\{\{(\w+)\}\}/g, (_, name) => parts[name]);
 }

@@ -16,12 +16,19 @@ export function csvOf(rows: readonly row[], head: csvHead, speak: language): str
     if (head.second !== undefined) columns.push(head.second, speak.text("difference"));
     const lines = rows.map((each) => {
         const values = compared ? [each.first, each.second, each.difference] : [each.first];
-        const numbers = values.map((value) => (value === undefined ? "" : speak.plainNumber(value, each.decimals)));
+        const numbers = values.map((value) =>
+            value === undefined ? "" : speak.plainNumber(value, each.decimals),
+        );
         return [speak.text(each.group), speak.label(each), each.unit, ...numbers];
     });
     const table = [[head.title], columns, ...lines];
     // The mark tells spreadsheet programs that this is UTF-8.
-    return "\ufeff" + table.map((line) => line.map((cell) => quoted(cell, separator)).join(separator) + "\r\n").join("");
+    return (
+        "\ufeff" +
+        table
+            .map((line) => line.map((cell) => quoted(cell, separator)).join(separator) + "\r\n")
+            .join("")
+    );
 }
 
 function quoted(cell: string, separator: string): string {

@@ -2,7 +2,11 @@
 import { cylinderText, labelPlace, labelSize, pictureFont, type picture } from "../scene/svg";
 
 // `shapes` is the picture without texts, on a canvas `fineness` times as fine, which is drawn on.
-export function withTexts(of: picture, shapes: HTMLCanvasElement, fineness: number): HTMLCanvasElement {
+export function withTexts(
+    of: picture,
+    shapes: HTMLCanvasElement,
+    fineness: number,
+): HTMLCanvasElement {
     const pen = shapes.getContext("2d")!;
     pen.scale(fineness, fineness);
     pen.textBaseline = "middle";
@@ -13,7 +17,10 @@ export function withTexts(of: picture, shapes: HTMLCanvasElement, fineness: numb
 
 export function pngOf(canvas: HTMLCanvasElement): Promise<Blob> {
     return new Promise((resolve, reject) => {
-        canvas.toBlob((blob) => (blob === null ? reject(new Error("no picture")) : resolve(blob)), "image/png");
+        canvas.toBlob(
+            (blob) => (blob === null ? reject(new Error("no picture")) : resolve(blob)),
+            "image/png",
+        );
     });
 }
 

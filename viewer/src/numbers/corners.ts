@@ -18,7 +18,12 @@ export interface corners {
 
 export function cornersOf(points: four<point>): corners {
     const [p1, p2, p3, p4] = points;
-    const sides = { "1-2": distance(p1, p2), "4-3": distance(p4, p3), "4-1": distance(p4, p1), "3-2": distance(p3, p2) };
+    const sides = {
+        "1-2": distance(p1, p2),
+        "4-3": distance(p4, p3),
+        "4-1": distance(p4, p1),
+        "3-2": distance(p3, p2),
+    };
     return {
         points,
         middle: mean(points),

@@ -50,7 +50,8 @@ function noticesOn({ corners, frames, stand }: measurement): problem[] {
     if (stand?.pointsDown === true) notices.push({ key: "pointsDown" });
     if (corners !== undefined && frames !== undefined) {
         const distance = offMiddle(frames.cs, corners);
-        if (distance > middleTolerance) notices.push({ key: "otherMeasurement", values: { distance } });
+        if (distance > middleTolerance)
+            notices.push({ key: "otherMeasurement", values: { distance } });
     }
     return notices;
 }

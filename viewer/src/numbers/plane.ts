@@ -34,8 +34,12 @@ export function projected(onto: plane, of: point): point {
 // scaled to their extent first, so that no unit of length matters.
 function principalAxes(points: point[]): { axes: point[]; values: number[] } {
     const extent = Math.max(...points.map(length));
-    const rows = points.map(({ x, y, z }) => [x, y, z].map((value) => (extent > 0 ? value / extent : 0)));
-    const matrix = [0, 1, 2].map((i) => [0, 1, 2].map((j) => rows.reduce((sum, row) => sum + row[i]! * row[j]!, 0)));
+    const rows = points.map(({ x, y, z }) =>
+        [x, y, z].map((value) => (extent > 0 ? value / extent : 0)),
+    );
+    const matrix = [0, 1, 2].map((i) =>
+        [0, 1, 2].map((j) => rows.reduce((sum, row) => sum + row[i]! * row[j]!, 0)),
+    );
     const vectors = [
         [1, 0, 0],
         [0, 1, 0],
@@ -47,7 +51,8 @@ function principalAxes(points: point[]): { axes: point[]; values: number[] } {
         [1, 2],
     ];
     // Each round squares what is left beside the diagonal; a handful is plenty.
-    for (let round = 0; round < 20; ++round) for (const [p, q] of pairs) rotate(matrix, vectors, p, q);
+    for (let round = 0; round < 20; ++round)
+        for (const [p, q] of pairs) rotate(matrix, vectors, p, q);
     return {
         axes: vectors.map((row) => normalized({ x: row[0]!, y: row[1]!, z: row[2]! })),
         values: [0, 1, 2].map((i) => Math.max(0, matrix[i]![i]!)),

@@ -20,7 +20,10 @@ export function distancesFromRectangle(points: four<point>, fitted: plane): four
 // latter is (A u)^2 + (B' u)^2 with B' = B turned by a right angle, so u comes from half an angle.
 export function nearestRectangle(corners: readonly point[], fitted: plane): point[] {
     const half = (signs: readonly number[]): point =>
-        corners.reduce((sum, each, i) => plus(sum, times(minus(each, fitted.centre), signs[i]! / 4)), origin);
+        corners.reduce(
+            (sum, each, i) => plus(sum, times(minus(each, fitted.centre), signs[i]! / 4)),
+            origin,
+        );
     const a = half(alongX);
     const b = half(alongY);
     const turned = cross(b, fitted.normal);
@@ -31,7 +34,9 @@ export function nearestRectangle(corners: readonly point[], fitted: plane): poin
     const v = cross(fitted.normal, u);
     const alongU = times(u, dot(a, u));
     const alongV = times(v, dot(b, v));
-    return corners.map((_, i) => plus(fitted.centre, plus(times(alongU, alongX[i]!), times(alongV, alongY[i]!))));
+    return corners.map((_, i) =>
+        plus(fitted.centre, plus(times(alongU, alongX[i]!), times(alongV, alongY[i]!))),
+    );
 }
 
 const origin = { x: 0, y: 0, z: 0 };

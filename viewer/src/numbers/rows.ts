@@ -36,13 +36,20 @@ const axisDecimals = 8; // as in the result document
 export function rowsOf(first: measurement, second: measurement | undefined): row[] {
     return [...position(first.corners ?? second?.corners), ...cylinders(), ...sides(), ...frames()]
         .map((each) => answered(each, first, second))
-        .filter((each) => [each.first, each.second, each.difference].some((value) => value !== undefined));
+        .filter((each) =>
+            [each.first, each.second, each.difference].some((value) => value !== undefined),
+        );
 }
 
-function answered({ of, between, ...rest }: asked, first: measurement, second: measurement | undefined): row {
+function answered(
+    { of, between, ...rest }: asked,
+    first: measurement,
+    second: measurement | undefined,
+): row {
     const [a, b] = [of(first), second === undefined ? undefined : of(second)];
     const plain = a === undefined || b === undefined ? undefined : turnless(b - a, rest.label);
-    const difference = between !== undefined && second !== undefined ? between(first, second) : plain;
+    const difference =
+        between !== undefined && second !== undefined ? between(first, second) : plain;
     return { ...rest, first: a, second: b, difference };
 }
 
@@ -77,7 +84,9 @@ function position(measured: corners | undefined): asked[] {
         inDegrees("tiltY", (from) => from.stand?.tiltY),
         over("riseY", measured?.lengthX, (from) => from.rise?.y),
         inDegrees("rotationZ", (from) => from.stand?.rotationZ),
-        ...axes.map((axis) => inMm("origin", (from) => from.stand?.origin[axis], axis.toUpperCase())),
+        ...axes.map((axis) =>
+            inMm("origin", (from) => from.stand?.origin[axis], axis.toUpperCase()),
+        ),
         inMm("heightOffset", (from) => from.heightOffset),
         { ...inDegrees("normalsApart", unasked), signed: false, between: normalsApart },
         { ...inMm("originsApart", unasked), signed: false, between: originsApart },
@@ -101,22 +110,36 @@ function originsApart(first: measurement, second: measurement): number | undefin
 function cylinders(): asked[] {
     const each = (i: number): asked[] => {
         const detail = String(i + 1);
-        const common = { group: "cylinders" as const, detail, unit: "mm" as const, decimals: lengthDecimals, signed: true };
+        const common = {
+            group: "cylinders" as const,
+            detail,
+            unit: "mm" as const,
+            decimals: lengthDecimals,
+            signed: true,
+        };
         return [
-            ...axes.map((axis): asked => ({
-                ...common,
-                label: `cylinder${axis.toUpperCase() as "X" | "Y" | "Z"}`,
-                signed: false,
-                of: (from) => from.corners?.points[i]![axis],
-            })),
+            ...axes.map(
+                (axis): asked => ({
+                    ...common,
+                    label: `cylinder${axis.toUpperCase() as "X" | "Y" | "Z"}`,
+                    signed: false,
+                    of: (from) => from.corners?.points[i]![axis],
+                }),
+            ),
             { ...common, label: "deviation", of: (from) => from.corners?.fitted?.deviations[i] },
-            { ...common, label: "fromRectangle", signed: false, of: (from) => from.corners?.fitted?.fromRectangle[i] },
+            {
+                ...common,
+                label: "fromRectangle",
+                signed: false,
+                of: (from) => from.corners?.fitted?.fromRectangle[i],
+            },
             {
                 ...common,
                 label: "cornerAngle",
                 unit: "°",
                 decimals: angleDecimals,
-                of: (from) => (from.corners?.fitted === undefined ? undefined : from.corners.angles[i]),
+                of: (from) =>
+                    from.corners?.fitted === undefined ? undefined : from.corners.angles[i],
             },
         ];
     };
@@ -124,22 +147,39 @@ function cylinders(): asked[] {
 }
 
 function sides(): asked[] {
-    const common = { group: "sides" as const, unit: "mm" as const, decimals: lengthDecimals, signed: false };
+    const common = {
+        group: "sides" as const,
+        unit: "mm" as const,
+        decimals: lengthDecimals,
+        signed: false,
+    };
     const names = ["1-2", "4-3", "4-1", "3-2"] as const;
     const diagonals = ["1-3", "2-4"] as const;
     return [
-        ...names.map((name): asked => ({ ...common, label: "side", detail: shownName(name), of: (from) => from.corners?.sides[name] })),
-        ...diagonals.map((name): asked => ({
-            ...common,
-            label: "diagonal",
-            detail: shownName(name),
-            of: (from) => from.corners?.diagonals[name],
-        })),
+        ...names.map(
+            (name): asked => ({
+                ...common,
+                label: "side",
+                detail: shownName(name),
+                of: (from) => from.corners?.sides[name],
+            }),
+        ),
+        ...diagonals.map(
+            (name): asked => ({
+                ...common,
+                label: "diagonal",
+                detail: shownName(name),
+                of: (from) => from.corners?.diagonals[name],
+            }),
+        ),
         {
             ...common,
             label: "diagonalDifference",
             signed: true,
-            of: ({ corners }) => (corners === undefined ? undefined : corners.diagonals["1-3"] - corners.diagonals["2-4"]),
+            of: ({ corners }) =>
+                corners === undefined
+                    ? undefined
+                    : corners.diagonals["1-3"] - corners.diagonals["2-4"],
         },
     ];
 }

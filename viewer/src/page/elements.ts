@@ -43,7 +43,13 @@ export function table({ caption, heads, rows, className, wide }: tableParts): HT
         ),
     );
     const captions = caption === undefined ? [] : [make("caption", {}, caption)];
-    const whole = make("table", {}, ...captions, make("thead", {}, head), make("tbody", {}, ...body));
+    const whole = make(
+        "table",
+        {},
+        ...captions,
+        make("thead", {}, head),
+        make("tbody", {}, ...body),
+    );
     // A wide table scrolls on a narrow screen, also by keys.
     const scrolled = wide === undefined ? {} : { tabindex: 0, role: "group", "aria-label": wide };
     return make("div", { class: `scrolled ${className ?? ""}`.trim(), ...scrolled }, whole);

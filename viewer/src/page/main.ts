@@ -29,7 +29,9 @@ class page {
 
     constructor() {
         const choice = byId<HTMLSelectElement>("language");
-        choice.append(...languages.map(({ code, name }) => make("option", { value: code, lang: code }, name)));
+        choice.append(
+            ...languages.map(({ code, name }) => make("option", { value: code, lang: code }, name)),
+        );
         choice.value = this.m_speak.code;
         choice.addEventListener("change", () => this.speak(choice.value));
         takeDrops((files, set) => void this.add(files, set));
@@ -56,17 +58,24 @@ class page {
         for (const each of files) {
             this.status(this.m_speak.text("readingFile", { name: each.name }));
             const document = await this.read(each);
-            if (isProblem(document)) this.m_failures = [...this.m_failures, { fileName: each.name, problem: document }].slice(-8);
+            if (isProblem(document))
+                this.m_failures = [
+                    ...this.m_failures,
+                    { fileName: each.name, problem: document },
+                ].slice(-8);
             else read.push(document);
         }
         read.sort((a, b) => Number(a.kind === "result") - Number(b.kind === "result"));
         for (const each of read) this.m_sets.add(each, set);
         this.show(read.length > 0);
-        this.status(read.map(({ fileName }) => this.m_speak.text("fileRead", { name: fileName })).join(" "));
+        this.status(
+            read.map(({ fileName }) => this.m_speak.text("fileRead", { name: fileName })).join(" "),
+        );
     }
 
     private async read(file: File): Promise<readDocument | problem> {
-        if (file.size > mostBytes) return { key: "fileTooLarge", values: { size: mostBytes / 1024 / 1024 } };
+        if (file.size > mostBytes)
+            return { key: "fileTooLarge", values: { size: mostBytes / 1024 / 1024 } };
         try {
             return await readFile(new Uint8Array(await file.arrayBuffer()), file.name, breathe);
         } catch (thrown) {
@@ -87,7 +96,8 @@ class page {
         this.showNotices(first, second);
         byId("subtitle").textContent = this.captions(first, second).join(" · ");
         document.body.classList.toggle("compared", second !== undefined);
-        const drawn = first?.corners !== undefined || first?.frames !== undefined || second !== undefined;
+        const drawn =
+            first?.corners !== undefined || first?.frames !== undefined || second !== undefined;
         byId("content").hidden = !drawn;
         if (first === undefined || !drawn) return;
         showNumbers(first, second, this.m_speak);
@@ -106,34 +116,57 @@ class page {
         const caption = (of: measurement | undefined): string[] => {
             if (of?.measuring === undefined) return [];
             const { platform, measuredAt } = of.measuring;
-            const date = measuredAt === undefined ? this.m_speak.text("noDate") : this.m_speak.date(measuredAt);
-            return [`${this.m_speak.text("platform")} ${platform}, ${this.m_speak.text("measuredAt")}: ${date}`];
+            const date =
+                measuredAt === undefined
+                    ? this.m_speak.text("noDate")
+                    : this.m_speak.date(measuredAt);
+            return [
+                `${this.m_speak.text("platform")} ${platform}, ${this.m_speak.text("measuredAt")}: ${date}`,
+            ];
         };
         return [...caption(first), ...caption(second)];
     }
 
     private showFailures(): void {
         const lines = this.m_failures.map((each) => {
-            const sentence = this.m_speak.text("problemIn", { name: each.fileName, problem: this.m_speak.problem(each.problem) });
+            const sentence = this.m_speak.text("problemIn", {
+                name: each.fileName,
+                problem: this.m_speak.problem(each.problem),
+            });
             const label = this.m_speak.text("dismiss");
             const dismiss = (): void => {
                 this.m_failures = this.m_failures.filter((other) => other !== each);
                 this.showFailures();
                 document.querySelector<HTMLElement>(".set button")?.focus();
             };
-            return make("div", { class: "problem" }, make("span", {}, sentence), make("button", { type: "button", click: dismiss }, label));
+            return make(
+                "div",
+                { class: "problem" },
+                make("span", {}, sentence),
+                make("button", { type: "button", click: dismiss }, label),
+            );
         });
         byId("problems").replaceChildren(...lines);
     }
 
     private showNotices(first: measurement | undefined, second: measurement | undefined): void {
-        const notices = [...(first?.notices ?? []), ...(second?.notices ?? []), ...differentPlatforms(first, second)];
-        byId("notices").replaceChildren(...notices.map((each) => make("p", { class: "notice" }, this.m_speak.problem(each))));
+        const notices = [
+            ...(first?.notices ?? []),
+            ...(second?.notices ?? []),
+            ...differentPlatforms(first, second),
+        ];
+        byId("notices").replaceChildren(
+            ...notices.map((each) => make("p", { class: "notice" }, this.m_speak.problem(each))),
+        );
     }
 
     private showSaving(): void {
-        const button = (key: textKey, click: () => void): HTMLElement => make("button", { type: "button", id: key, click }, this.m_speak.text(key));
-        const pictures = [button("savePng", () => void this.savePng()), button("saveSvg", () => this.saveSvg())];
+        const button = (key: textKey, click: () => void): HTMLElement =>
+            make("button", { type: "button", id: key, click }, this.m_speak.text(key));
+        const pictures = [
+            button("savePng", () => void this.savePng()),
+            button("saveSvg", () => this.saveSvg()),
+        ];
         byId("saving").replaceChildren(
             ...(this.m_view.hasView() ? pictures : []),
             button("saveCsv", () => this.saveCsv()),
@@ -148,7 +181,8 @@ class page {
 
     private saveSvg(): void {
         const taken = this.m_view.picture(this.captions(...this.m_sets.measurements()));
-        if (taken !== undefined) download(new Blob([svgOf(taken)], { type: "image/svg+xml" }), this.fileName("svg"));
+        if (taken !== undefined)
+            download(new Blob([svgOf(taken)], { type: "image/svg+xml" }), this.fileName("svg"));
     }
 
     private saveCsv(): void {
@@ -159,7 +193,10 @@ class page {
             first: this.m_speak.text(second === undefined ? "value" : "firstSet"),
             second: second === undefined ? undefined : this.m_speak.text("secondSet"),
         };
-        download(new Blob([csvOf(rowsOf(first, second), head, this.m_speak)], { type: "text/csv" }), this.fileName("csv"));
+        download(
+            new Blob([csvOf(rowsOf(first, second), head, this.m_speak)], { type: "text/csv" }),
+            this.fileName("csv"),
+        );
     }
 
     private fileName(extension: string): string {
@@ -172,7 +209,10 @@ class page {
     }
 }
 
-function differentPlatforms(first: measurement | undefined, second: measurement | undefined): problem[] {
+function differentPlatforms(
+    first: measurement | undefined,
+    second: measurement | undefined,
+): problem[] {
     const [one, other] = [first?.measuring?.platform, second?.measuring?.platform];
     if (one === undefined || other === undefined || one === other) return [];
     return [{ key: "differentPlatforms", values: { first: one, second: other } }];

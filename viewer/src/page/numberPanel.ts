@@ -7,26 +7,47 @@ import { byId, make, table } from "./elements";
 
 type column = "first" | "second" | "difference";
 
-export function showNumbers(first: measurement, second: measurement | undefined, speak: language): void {
+export function showNumbers(
+    first: measurement,
+    second: measurement | undefined,
+    speak: language,
+): void {
     const rows = rowsOf(first, second);
     const columns: column[] = second === undefined ? ["first"] : ["first", "second", "difference"];
     const of = (group: group): row[] => rows.filter((each) => each.group === group);
     byId("numbers").replaceChildren(
         ...section("position", of("position"), speak, (list) => [plainTable(list, columns, speak)]),
-        ...section("cylinders", of("cylinders"), speak, (list) => cylinderTables(list, columns, speak)),
+        ...section("cylinders", of("cylinders"), speak, (list) =>
+            cylinderTables(list, columns, speak),
+        ),
         ...section("sides", of("sides"), speak, (list) => [plainTable(list, columns, speak)]),
         ...frameSection(of("frames"), columns, speak),
         ...hints([first, second], speak),
     );
 }
 
-function section(name: group, rows: row[], speak: language, content: (rows: row[]) => HTMLElement[]): HTMLElement[] {
-    return rows.length === 0 ? [] : [make("div", { class: `group ${name}` }, make("h3", {}, speak.text(name)), ...content(rows))];
+function section(
+    name: group,
+    rows: row[],
+    speak: language,
+    content: (rows: row[]) => HTMLElement[],
+): HTMLElement[] {
+    return rows.length === 0
+        ? []
+        : [
+              make(
+                  "div",
+                  { class: `group ${name}` },
+                  make("h3", {}, speak.text(name)),
+                  ...content(rows),
+              ),
+          ];
 }
 
 // Of two measurements these are many numbers, which few ask for.
 function frameSection(rows: row[], columns: column[], speak: language): HTMLElement[] {
-    if (columns.length === 1 || rows.length === 0) return section("frames", rows, speak, (list) => frameTables(list, columns, speak));
+    if (columns.length === 1 || rows.length === 0)
+        return section("frames", rows, speak, (list) => frameTables(list, columns, speak));
     const head = make("summary", {}, make("h3", {}, speak.text("frames")));
     return [make("details", { id: "framesOfTwo" }, head, ...frameTables(rows, columns, speak))];
 }
@@ -78,32 +99,49 @@ function leaning({ label, decimals }: row, value: number, speak: language): HTML
     return [make("small", {}, speak.text("higher", { names: value > 0 ? positive : negative }))];
 }
 
-const cylinderColumns = ["cylinderX", "cylinderY", "cylinderZ", "deviation", "fromRectangle", "cornerAngle"] as const;
+const cylinderColumns = [
+    "cylinderX",
+    "cylinderY",
+    "cylinderZ",
+    "deviation",
+    "fromRectangle",
+    "cornerAngle",
+] as const;
 
 function cylinderTables(rows: row[], columns: column[], speak: language): HTMLElement[] {
     const shown = cylinderColumns.filter((label) => rows.some((each) => each.label === label));
-    return columns.filter((column) => rows.some((each) => each[column] !== undefined)).map((column) =>
-        table({
-            ...captionOf(column, columns, speak),
-            heads: [
-                speak.text("cylinder"),
-                ...shown.map((label) => `${speak.text(label)} (${label === "cornerAngle" ? "°" : "mm"})`),
-            ],
-            rows: ["1", "2", "3", "4"].map((detail) => ({
-                head: detail,
-                cells: shown.map((label) => number(rows, label, detail, column, speak)),
-            })),
-            className: "cylinders",
-            wide: speak.text("cylinders"),
-        }),
-    );
+    return columns
+        .filter((column) => rows.some((each) => each[column] !== undefined))
+        .map((column) =>
+            table({
+                ...captionOf(column, columns, speak),
+                heads: [
+                    speak.text("cylinder"),
+                    ...shown.map(
+                        (label) => `${speak.text(label)} (${label === "cornerAngle" ? "°" : "mm"})`,
+                    ),
+                ],
+                rows: ["1", "2", "3", "4"].map((detail) => ({
+                    head: detail,
+                    cells: shown.map((label) => number(rows, label, detail, column, speak)),
+                })),
+                className: "cylinders",
+                wide: speak.text("cylinders"),
+            }),
+        );
 }
 
 function captionOf(column: column, columns: column[], speak: language): { caption?: string } {
     return columns.length === 1 ? {} : { caption: columnHead(column, columns, speak) };
 }
 
-function number(rows: row[], label: textKey, detail: string, column: column, speak: language): string {
+function number(
+    rows: row[],
+    label: textKey,
+    detail: string,
+    column: column,
+    speak: language,
+): string {
     const found = rows.find((each) => each.label === label && each.detail === detail);
     const value = found?.[column];
     return found === undefined || value === undefined
@@ -114,17 +152,22 @@ function number(rows: row[], label: textKey, detail: string, column: column, spe
 function frameTables(rows: row[], columns: column[], speak: language): HTMLElement[] {
     const axes = ["x", "y", "z"];
     return (["cs", "ncs"] as const).flatMap((name) =>
-        columns.filter((column) => rows.some((each) => each[column] !== undefined)).map((column) => {
-            const parts = captionOf(column, columns, speak).caption;
-            return table({
-                caption: parts === undefined ? speak.text(name) : `${speak.text(name)}: ${parts}`,
-                heads: [name, "X", "Y", "Z"],
-                rows: ["o", "x", "y", "z"].map((part) => ({
-                    head: part === "o" ? "o (mm)" : part,
-                    cells: axes.map((axis) => number(rows, name, `${part}.${axis}`, column, speak)),
-                })),
-                className: name,
-            });
-        }),
+        columns
+            .filter((column) => rows.some((each) => each[column] !== undefined))
+            .map((column) => {
+                const parts = captionOf(column, columns, speak).caption;
+                return table({
+                    caption:
+                        parts === undefined ? speak.text(name) : `${speak.text(name)}: ${parts}`,
+                    heads: [name, "X", "Y", "Z"],
+                    rows: ["o", "x", "y", "z"].map((part) => ({
+                        head: part === "o" ? "o (mm)" : part,
+                        cells: axes.map((axis) =>
+                            number(rows, name, `${part}.${axis}`, column, speak),
+                        ),
+                    })),
+                    className: name,
+                });
+            }),
     );
 }

@@ -58,7 +58,10 @@ export class fileSets {
     // Two measurements of one platform may have one middle; then the axes decide.
     private fittingSet(read: readDocument): setIndex | undefined {
         const fits = this.freeSets(read)
-            .map((index) => ({ index, angle: misfit({ ...this.m_sets[index], [read.kind]: read }) }))
+            .map((index) => ({
+                index,
+                angle: misfit({ ...this.m_sets[index], [read.kind]: read }),
+            }))
             .filter((each) => each.angle !== undefined)
             .sort((a, b) => a.angle! - b.angle!);
         return fits[0]?.index;
@@ -72,10 +75,12 @@ function emptySet(): fileSet {
 // In mm: the origin of a result lies over the middle of the measured cylinders.
 const tolerance = 1e-3;
 
-// In degrees, between the Z axis and the plane's normal; undefined for files that can't belong together.
+// In degrees, between the Z axis and the plane's normal; undefined for files that can't belong
+// together.
 function misfit({ measuring, result }: fileSet): number | undefined {
     if (measuring === undefined || result?.frames === undefined) return undefined;
     const measured = cornersOf(measuring.cylinders);
-    if (measured.fitted === undefined || offMiddle(result.frames.cs, measured) > tolerance) return undefined;
+    if (measured.fitted === undefined || offMiddle(result.frames.cs, measured) > tolerance)
+        return undefined;
     return angleBetween(measured.fitted.plane.normal, result.frames.cs.z);
 }

@@ -12,7 +12,9 @@ import type { language } from "../texts/language";
 import { byId, make } from "./elements";
 
 // 1 to 9, 10 to 90, 100 to 900, 1000.
-export const factors = [1, 10, 100].flatMap((decade) => [1, 2, 3, 4, 5, 6, 7, 8, 9].map((digit) => digit * decade)).concat(1000);
+export const factors = [1, 10, 100]
+    .flatMap((decade) => [1, 2, 3, 4, 5, 6, 7, 8, 9].map((digit) => digit * decade))
+    .concat(1000);
 
 // Pixels of an exported picture for one on the screen.
 const fineness = 2;
@@ -66,7 +68,15 @@ export class viewPanel {
         if (this.m_view === undefined || this.m_drawing === undefined) return undefined;
         const { clientWidth: width, clientHeight: height } = this.m_canvas;
         const project = this.m_view.projection();
-        return { drawing: this.m_drawing, palette: lightPalette, project, width, height, caption, note: this.factorText() };
+        return {
+            drawing: this.m_drawing,
+            palette: lightPalette,
+            project,
+            width,
+            height,
+            caption,
+            note: this.factorText(),
+        };
     }
 
     // The same in pixels.
@@ -85,7 +95,9 @@ export class viewPanel {
 
     private factorText(): string {
         const factor = this.factor();
-        return factor === 1 ? this.m_speak.text("trueHeights") : this.m_speak.text("exaggerated", { factor });
+        return factor === 1
+            ? this.m_speak.text("trueHeights")
+            : this.m_speak.text("exaggerated", { factor });
     }
 
     private changeFactor(): void {
@@ -123,7 +135,8 @@ export class viewPanel {
         this.m_begun = true;
         this.m_view = viewOn(this.m_canvas);
         byId("noWebgl").hidden = this.m_view !== undefined;
-        for (const id of ["figure", "exaggeration", "legend"]) byId(id).hidden = this.m_view === undefined;
+        for (const id of ["figure", "exaggeration", "legend"])
+            byId(id).hidden = this.m_view === undefined;
         if (this.m_view === undefined) return;
         this.m_view.onChange = () => this.placeLabels();
         this.m_canvas.addEventListener("keydown", (event) => this.onKey(event));
@@ -151,7 +164,12 @@ export class viewPanel {
     private onKey(event: KeyboardEvent): void {
         if (event.ctrlKey || event.altKey || event.metaKey) return;
         const shown = this.m_view!;
-        const arrows: Record<string, [number, number]> = { ArrowLeft: [-1, 0], ArrowRight: [1, 0], ArrowUp: [0, 1], ArrowDown: [0, -1] };
+        const arrows: Record<string, [number, number]> = {
+            ArrowLeft: [-1, 0],
+            ArrowRight: [1, 0],
+            ArrowUp: [0, 1],
+            ArrowDown: [0, -1],
+        };
         const arrow = arrows[event.key];
         if (arrow !== undefined && event.shiftKey) shown.move(arrow[0] * 0.05, arrow[1] * 0.05);
         else if (arrow !== undefined) shown.turn(arrow[0], arrow[1]);
@@ -163,18 +181,25 @@ export class viewPanel {
     }
 
     private onPointer(event: PointerEvent): void {
-        const hit = event.buttons === 0 ? this.m_view!.cylinderAt(event.offsetX, event.offsetY) : undefined;
+        const hit =
+            event.buttons === 0 ? this.m_view!.cylinderAt(event.offsetX, event.offsetY) : undefined;
         if (hit === undefined) this.hideValues();
         else if (hit !== this.m_shownBy) this.showValues(hit, hit);
     }
 
     private makeLabels(drawn: drawing): void {
-        const place = (at: Parameters<typeof labelPlace>[0]["top"]): { x: number; y: number; depth: number } => {
+        const place = (
+            at: Parameters<typeof labelPlace>[0]["top"],
+        ): { x: number; y: number; depth: number } => {
             const { x, y, depth } = this.m_view!.projection()(at);
             return { x: x * this.m_canvas.clientWidth, y: y * this.m_canvas.clientHeight, depth };
         };
         const axes = drawn.labels.map((each) => ({
-            element: make("span", { class: each.role, "aria-hidden": "true" }, each.text) as HTMLElement,
+            element: make(
+                "span",
+                { class: each.role, "aria-hidden": "true" },
+                each.text,
+            ) as HTMLElement,
             place: () => place(each.at),
         }));
         const cylinders = drawn.cylinders.map((each) => ({
@@ -186,7 +211,10 @@ export class viewPanel {
     }
 
     private cylinderButton(of: drawnCylinder): HTMLElement {
-        const set = this.m_second === undefined ? "" : ` (${this.m_speak.text(of.set === "first" ? "firstSet" : "secondSet")})`;
+        const set =
+            this.m_second === undefined
+                ? ""
+                : ` (${this.m_speak.text(of.set === "first" ? "firstSet" : "secondSet")})`;
         const values = this.valuesOf(of).map(([name, value]) => `${name} ${value}`);
         const made = make(
             "button",
@@ -197,7 +225,8 @@ export class viewPanel {
             },
             cylinderText(of),
         );
-        for (const event of ["focus", "pointerenter", "click"]) made.addEventListener(event, () => this.showValues(of, made));
+        for (const event of ["focus", "pointerenter", "click"])
+            made.addEventListener(event, () => this.showValues(of, made));
         made.addEventListener("blur", () => this.hideValues());
         return made;
     }
@@ -217,13 +246,19 @@ export class viewPanel {
         const own = (each: row): boolean => each.group === "cylinders" && each.detail === detail;
         return rowsOf(from, undefined)
             .filter(own)
-            .map((each) => [this.m_speak.text(each.label), `${this.m_speak.number(each.first!, each.decimals, each.signed)}${each.unit === "mm" ? "\u00a0" : ""}${each.unit}`]);
+            .map((each) => [
+                this.m_speak.text(each.label),
+                `${this.m_speak.number(each.first!, each.decimals, each.signed)}${each.unit === "mm" ? "\u00a0" : ""}${each.unit}`,
+            ]);
     }
 
     private showValues(of: drawnCylinder, by: HTMLElement | drawnCylinder): void {
         this.m_shownBy = by;
         const tooltip = byId("tooltip");
-        const items = this.valuesOf(of).flatMap(([name, value]) => [make("dt", {}, name), make("dd", {}, value)]);
+        const items = this.valuesOf(of).flatMap(([name, value]) => [
+            make("dt", {}, name),
+            make("dd", {}, value),
+        ]);
         const head = `${this.m_speak.text("cylinder")} ${cylinderText(of)}`;
         tooltip.replaceChildren(make("strong", { class: of.set }, head), make("dl", {}, ...items));
         tooltip.hidden = false;
@@ -246,21 +281,36 @@ export class viewPanel {
     }
 
     private showLegend(drawn: drawing): void {
-        const has = (set: string): boolean => [...drawn.cylinders, ...drawn.planes].some((each) => each.set === set);
+        const has = (set: string): boolean =>
+            [...drawn.cylinders, ...drawn.planes].some((each) => each.set === set);
         const speak = this.m_speak;
         const entries: [boolean, string, string, string][] = [
             [has("first"), "first", "mark", speak.text("legendFirst")],
             [has("second"), "second", "mark", speak.text("legendSecond")],
-            [drawn.arrows.some(({ set }) => set !== "machine"), "axes", "mark axes", speak.text("legendPlatform")],
-            [drawn.arrows.some(({ set }) => set === "machine"), "machine", "mark line", speak.text("legendMachine")],
+            [
+                drawn.arrows.some(({ set }) => set !== "machine"),
+                "axes",
+                "mark axes",
+                speak.text("legendPlatform"),
+            ],
+            [
+                drawn.arrows.some(({ set }) => set === "machine"),
+                "machine",
+                "mark line",
+                speak.text("legendMachine"),
+            ],
             [drawn.lines.length > 0, "level", "mark line", speak.text("legendLevel")],
         ];
         const items = entries
             .filter(([shown]) => shown)
-            .map(([, role, mark, text]) => make("li", {}, make("span", { class: role }, make("span", { class: mark })), text));
+            .map(([, role, mark, text]) =>
+                make("li", {}, make("span", { class: role }, make("span", { class: mark })), text),
+            );
         const notes: string[] = [];
-        if (drawn.machineAway !== undefined) notes.push(speak.text("machineAway", { distance: drawn.machineAway }));
-        if (drawn.assumedSize !== undefined) notes.push(speak.text("assumedSize", { size: drawn.assumedSize }));
+        if (drawn.machineAway !== undefined)
+            notes.push(speak.text("machineAway", { distance: drawn.machineAway }));
+        if (drawn.assumedSize !== undefined)
+            notes.push(speak.text("assumedSize", { size: drawn.assumedSize }));
         byId("legend").replaceChildren(
             make("ul", { "aria-label": speak.text("legend") }, ...items),
             ...notes.map((note) => make("p", { class: "quiet" }, note)),

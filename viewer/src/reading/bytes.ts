@@ -48,13 +48,15 @@ function unitsOf(bytes: Uint8Array): string {
 // zeros would lead to.
 function refuseUtf16OfOthers(bytes: Uint8Array): void {
     if (beginsWith(bytes, otherUtf16Mark)) throw new unreadable("utf16BigEndian");
-    if (beginsWith(bytes, [0x3c, 0]) || beginsWith(bytes, [0, 0x3c])) throw new unreadable("utf16WithoutMark");
+    if (beginsWith(bytes, [0x3c, 0]) || beginsWith(bytes, [0, 0x3c]))
+        throw new unreadable("utf16WithoutMark");
 }
 
 function upToZero(text: string): string {
     const zero = text.indexOf("\0");
     if (zero === -1) return text;
-    if (!text.slice(0, zero).includes("<")) throw new unreadable("noTextFile", undefined, { position: zero + 1 });
+    if (!text.slice(0, zero).includes("<"))
+        throw new unreadable("noTextFile", undefined, { position: zero + 1 });
     return text.slice(0, zero);
 }
 

@@ -42,7 +42,9 @@ function withoutReference(text: string, hit: number, index: number): string {
     const last = [hit + 6, hit + 5, hit + 4].find((at) => text[at] === ";");
     if (last === undefined) throw new unreadable("endlessReference", index);
     const unit = hexadecimal(text.slice(hit + 3, last));
-    return text.replaceAll(text.slice(hit, last + 1), () => (unit === 0 ? "" : String.fromCharCode(unit)));
+    return text.replaceAll(text.slice(hit, last + 1), () =>
+        unit === 0 ? "" : String.fromCharCode(unit),
+    );
 }
 
 // Read from the front, with blanks, a sign and "0x" as usual for whole numbers; 0 if there is none.

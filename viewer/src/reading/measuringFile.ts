@@ -26,7 +26,14 @@ export function readMeasuringFile(root: xmlNode, fileName: string): measuringFil
     const notices: problem[] = [];
     const platform = readPlatform(root, fileName, notices);
     const cylinders = readCylinders(root, notices);
-    return { kind: "measuring", fileName, platform, measuredAt: readDate(root), cylinders, notices };
+    return {
+        kind: "measuring",
+        fileName,
+        platform,
+        measuredAt: readDate(root),
+        cylinders,
+        notices,
+    };
 }
 
 function isPoint(node: xmlNode): boolean {
@@ -40,7 +47,10 @@ function readPlatform(root: xmlNode, fileName: string, notices: problem[]): stri
     if (platform === undefined) throw new unreadable("noPlatformName", root.at);
     const expected = /^MeasuringData_(.*)\.xml$/.exec(fileName)?.[1];
     if (expected !== undefined && expected !== platform) {
-        notices.push({ key: "otherPlatform", values: { platform: shown(platform), expected: shown(expected) } });
+        notices.push({
+            key: "otherPlatform",
+            values: { platform: shown(platform), expected: shown(expected) },
+        });
     }
     return platform;
 }
@@ -67,7 +77,8 @@ function readCylinders(root: xmlNode, notices: problem[]): four<point> {
         found[index] = read;
     }
     const missing = cylinderNames.filter((_, index) => found[index] === undefined);
-    if (missing.length > 0) throw new unreadable("pointsMissing", root.at, { names: missing.join(", ") });
+    if (missing.length > 0)
+        throw new unreadable("pointsMissing", root.at, { names: missing.join(", ") });
     return found as four<point>;
 }
 
@@ -91,8 +102,10 @@ function readPoint(node: xmlNode): point {
 
 function readCoordinate(node: xmlNode, axis: string): number {
     const value = readNumber(node.text);
-    if (value === undefined) throw new unreadable("noNumber", node.textAt, { axis, text: shown(node.text) });
+    if (value === undefined)
+        throw new unreadable("noNumber", node.textAt, { axis, text: shown(node.text) });
     // The tool reads it, and can't make a coordinate system of it.
-    if (!Number.isFinite(value)) throw new unreadable("notFinite", node.textAt, { axis, text: shown(node.text) });
+    if (!Number.isFinite(value))
+        throw new unreadable("notFinite", node.textAt, { axis, text: shown(node.text) });
     return value;
 }

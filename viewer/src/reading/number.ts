@@ -14,10 +14,14 @@ function readDecimal(text: string): number | undefined {
 }
 
 function readHexadecimal(text: string): number | undefined {
-    const read = /^0[xX](?=\.?[0-9a-fA-F])([0-9a-fA-F]*)(?:\.([0-9a-fA-F]*))?(?:[pP]([+-]?\d+))?/.exec(text);
+    const read =
+        /^0[xX](?=\.?[0-9a-fA-F])([0-9a-fA-F]*)(?:\.([0-9a-fA-F]*))?(?:[pP]([+-]?\d+))?/.exec(text);
     if (read === null) return undefined;
     const decimals = read[2] ?? "";
-    const digits = [...(read[1]! + decimals)].reduce((value, digit) => value * 16 + parseInt(digit, 16), 0);
+    const digits = [...(read[1]! + decimals)].reduce(
+        (value, digit) => value * 16 + parseInt(digit, 16),
+        0,
+    );
     return digits * 2 ** (Number(read[3] ?? 0) - 4 * decimals.length);
 }
 
@@ -27,7 +31,10 @@ function readWord(text: string): number | undefined {
 }
 
 // Whole numbers with what stands between, as in "2024-4-17Z"; undefined unless all are there.
-export function readWholeNumbers(text: string, separator: string): [number, number, number] | undefined {
+export function readWholeNumbers(
+    text: string,
+    separator: string,
+): [number, number, number] | undefined {
     const part = "[ \\t-\\r]*([+-]?\\d+)";
     const read = new RegExp(`^${part}${separator}${part}${separator}${part}`).exec(text);
     return read === null ? undefined : [Number(read[1]), Number(read[2]), Number(read[3])];

@@ -30,7 +30,11 @@ export class unreadable extends Error {
 export function placeOf(text: string, index: number): place {
     let line = 1;
     let start = 0;
-    for (let feed = text.indexOf("\n"); feed !== -1 && feed < index; feed = text.indexOf("\n", start)) {
+    for (
+        let feed = text.indexOf("\n");
+        feed !== -1 && feed < index;
+        feed = text.indexOf("\n", start)
+    ) {
         ++line;
         start = feed + 1;
     }

@@ -32,7 +32,8 @@ export function isResultDocument(root: xmlNode): boolean {
 
 export function readResultDocument(root: xmlNode, fileName: string): resultDocument {
     const message = childOf(root, "message");
-    if (message === undefined) throw new unreadable("elementMissing", root.at, { element: "message" });
+    if (message === undefined)
+        throw new unreadable("elementMissing", root.at, { element: "message" });
     const type = attributeOf(message, "type");
     if (type !== "confirm" && type !== "error") {
         throw new unreadable("unknownType", message.at, { type: shown(type ?? "") });
@@ -74,12 +75,15 @@ function readCoordinates(node: xmlNode, element: string, attribute: string): poi
     if (values.length !== 3 || x === undefined || y === undefined || z === undefined) {
         throw new unreadable("noCoordinates", node.at, told);
     }
-    if (![x, y, z].every(Number.isFinite)) throw new unreadable("coordinatesNotFinite", node.at, told);
+    if (![x, y, z].every(Number.isFinite))
+        throw new unreadable("coordinatesNotFinite", node.at, told);
     return { x, y, z };
 }
 
 function isRightHanded(axes: frame): boolean {
-    const units = [axes.x, axes.y, axes.z].every((axis) => Math.abs(length(axis) - 1) < axisTolerance);
+    const units = [axes.x, axes.y, axes.z].every(
+        (axis) => Math.abs(length(axis) - 1) < axisTolerance,
+    );
     return units && distance(cross(axes.x, axes.y), axes.z) < axisTolerance;
 }
 

@@ -78,7 +78,8 @@ class treeReader {
         this.m_at = at;
         const child = emptyNode();
         this.m_pending.push(child);
-        if (this.readStart(child)) this.m_open.push({ node: child, firstChild: this.m_pending.length });
+        if (this.readStart(child))
+            this.m_open.push({ node: child, firstChild: this.m_pending.length });
         else this.dropIfNameless();
     }
 
@@ -103,7 +104,11 @@ class treeReader {
 
     // The next "<" that begins a tag; null if the text ends first, also inside a comment.
     private findTag(from: number): number | null {
-        for (let at = this.m_text.indexOf("<", from); at !== -1; at = this.m_text.indexOf("<", at)) {
+        for (
+            let at = this.m_text.indexOf("<", from);
+            at !== -1;
+            at = this.m_text.indexOf("<", at)
+        ) {
             const markup = passedOver.find(([opening]) => this.m_text.startsWith(opening, at));
             if (markup === undefined) return at;
             const end = this.m_text.indexOf(markup[1], at + markup[0].length);
@@ -116,7 +121,8 @@ class treeReader {
     private readName(node: xmlNode, from: number): number {
         const end = this.findOneOf(nameEnds, from);
         node.name = this.m_text.slice(from, end);
-        if (this.m_text[end] === "/" && this.m_text[end + 1] !== ">") throw new unreadable("slashInTag", end);
+        if (this.m_text[end] === "/" && this.m_text[end + 1] !== ">")
+            throw new unreadable("slashInTag", end);
         return end;
     }
 
@@ -169,7 +175,8 @@ class treeReader {
 
     private findMarkup(from: number, around: xmlNode): number {
         const found = this.m_text.indexOf("<", from);
-        if (found === -1) throw new unreadable("elementCutOff", around.at, { element: around.name });
+        if (found === -1)
+            throw new unreadable("elementCutOff", around.at, { element: around.name });
         return found;
     }
 
@@ -178,7 +185,8 @@ class treeReader {
         const begin = this.skipBlanks(from);
         const fits = this.m_text.startsWith(node.name, begin);
         const end = this.skipBlanks(begin + node.name.length);
-        if (!fits || this.m_text[end] !== ">") throw new unreadable("otherClosingTag", at, { element: node.name });
+        if (!fits || this.m_text[end] !== ">")
+            throw new unreadable("otherClosingTag", at, { element: node.name });
         return end + 1;
     }
 

@@ -58,8 +58,18 @@ interface situation {
     factor: number;
 }
 
-export function drawingOf(first: measurement, second: measurement | undefined, factor: number): drawing {
-    const about: situation = { first, second, middle: middleOf(first, second), size: sizeOf(first, second), factor };
+export function drawingOf(
+    first: measurement,
+    second: measurement | undefined,
+    factor: number,
+): drawing {
+    const about: situation = {
+        first,
+        second,
+        middle: middleOf(first, second),
+        size: sizeOf(first, second),
+        factor,
+    };
     const made: drawing = {
         size: about.size,
         cylinders: [],
@@ -103,7 +113,10 @@ function middleOf(first: measurement, second: measurement | undefined): point {
 function sizeOf(first: measurement, second: measurement | undefined): number {
     const points = [first, second].flatMap((each) => each?.corners?.points ?? []);
     const extent = (values: number[]): number => Math.max(...values) - Math.min(...values);
-    const size = points.length === 0 ? 0 : Math.max(extent(points.map(({ x }) => x)), extent(points.map(({ y }) => y)));
+    const size =
+        points.length === 0
+            ? 0
+            : Math.max(extent(points.map(({ x }) => x)), extent(points.map(({ y }) => y)));
     return size > 0 ? size : assumedSize;
 }
 
@@ -116,7 +129,8 @@ function placed({ middle, factor }: situation, at: point): point {
 function addPlatform(to: drawing, about: situation, of: measurement, set: set): void {
     if (of.corners !== undefined) addCylinders(to, about, of.corners.points, set);
     const plane = planeCorners(about, of);
-    if (plane !== undefined) to.planes.push({ set, corners: plane.map((each) => placed(about, each)) });
+    if (plane !== undefined)
+        to.planes.push({ set, corners: plane.map((each) => placed(about, each)) });
     if (of.corners === undefined && of.frames !== undefined) to.assumedSize = about.size;
     if (of.frames !== undefined) addAxes(to, about, of.frames.cs, set);
 }
@@ -134,7 +148,9 @@ function addCylinders(to: drawing, about: situation, points: point[], set: set):
 function planeCorners(about: situation, { corners, frames }: measurement): point[] | undefined {
     if (corners !== undefined) {
         const { fitted } = corners;
-        return fitted === undefined ? undefined : corners.points.map((each) => projected(fitted.plane, each));
+        return fitted === undefined
+            ? undefined
+            : corners.points.map((each) => projected(fitted.plane, each));
     }
     if (frames === undefined) return undefined;
     const { o, x, y } = frames.cs;
@@ -158,11 +174,25 @@ function addAxes(to: drawing, about: situation, { o, x, y, z }: frame, set: set)
         ["Z", "axisZ", { x: z.x * factor, y: z.y * factor, z: z.z }],
     ];
     for (const [name, role, direction] of directions) {
-        addArrow(to, role, set, from, times(normalized(direction), 0.3 * size), name + (set === "first" ? "" : "′"));
+        addArrow(
+            to,
+            role,
+            set,
+            from,
+            times(normalized(direction), 0.3 * size),
+            name + (set === "first" ? "" : "′"),
+        );
     }
 }
 
-function addArrow(to: drawing, role: role, set: drawnArrow["set"], from: point, way: point, text: string): void {
+function addArrow(
+    to: drawing,
+    role: role,
+    set: drawnArrow["set"],
+    from: point,
+    way: point,
+    text: string,
+): void {
     to.arrows.push({ role, set, from, to: plus(from, way) });
     to.labels.push({ role, text, at: plus(from, times(way, 1.1)) });
 }
@@ -172,7 +202,8 @@ function addMachine(to: drawing, about: situation): void {
     const frames = about.first.frames ?? about.second?.frames;
     if (frames === undefined) return;
     const { cs, ncs } = frames;
-    const direction = (of: point): point => plus(times(cs.x, of.x), plus(times(cs.y, of.y), times(cs.z, of.z)));
+    const direction = (of: point): point =>
+        plus(times(cs.x, of.x), plus(times(cs.y, of.y), times(cs.z, of.z)));
     const origin = minus(plus(cs.o, direction(ncs.o)), about.middle);
     const far = length(origin) > 2.5 * about.size;
     if (far) to.machineAway = length(origin);
@@ -183,14 +214,24 @@ function addMachine(to: drawing, about: situation): void {
         ["z", ncs.z],
     ];
     for (const [name, axis] of axes) {
-        addArrow(to, "machine", "machine", from, times(normalized(direction(axis)), 0.22 * about.size), name);
+        addArrow(
+            to,
+            "machine",
+            "machine",
+            from,
+            times(normalized(direction(axis)), 0.22 * about.size),
+            name,
+        );
     }
 }
 
 // A horizontal frame at the mean height, against which a tilt shows, with a line down or up to it
 // from every cylinder.
 function addLevel(to: drawing): void {
-    const around = to.cylinders.length > 0 ? to.cylinders.map(({ top }) => top) : to.planes.flatMap(({ corners }) => corners);
+    const around =
+        to.cylinders.length > 0
+            ? to.cylinders.map(({ top }) => top)
+            : to.planes.flatMap(({ corners }) => corners);
     if (around.length === 0) return;
     const [xs, ys] = [around.map(({ x }) => x), around.map(({ y }) => y)];
     const margin = 0.06 * to.size;

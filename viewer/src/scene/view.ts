@@ -1,5 +1,5 @@
-// The drawing in 3D on a canvas, to be turned, moved and zoomed by mouse, touch and keys. Nothing is
-// drawn until something changes.
+// The drawing in 3D on a canvas, to be turned, moved and zoomed by mouse, touch and keys. It is
+// drawn anew only when something changes.
 import {
     AmbientLight,
     BufferGeometry,
@@ -62,7 +62,11 @@ export class view {
     // Throws where the browser has no WebGL.
     constructor(private readonly m_canvas: HTMLCanvasElement) {
         // The buffer is kept, as printing takes the picture from it.
-        this.m_renderer = new WebGLRenderer({ canvas: m_canvas, antialias: true, preserveDrawingBuffer: true });
+        this.m_renderer = new WebGLRenderer({
+            canvas: m_canvas,
+            antialias: true,
+            preserveDrawingBuffer: true,
+        });
         this.m_camera.up.set(0, 0, 1);
         this.m_scene.add(new AmbientLight(0xffffff, 1.6));
         const light = new DirectionalLight(0xffffff, 1.8);
@@ -94,7 +98,9 @@ export class view {
         way.applyAxisAngle(up, -stepsRight * turnStep);
         const polar = way.angleTo(up);
         const wanted = Math.min(Math.PI - 1e-4, Math.max(1e-4, polar - stepsUp * turnStep));
-        const side = new Vector3().setFromMatrixColumn(this.m_camera.matrix, 0).applyAxisAngle(up, -stepsRight * turnStep);
+        const side = new Vector3()
+            .setFromMatrixColumn(this.m_camera.matrix, 0)
+            .applyAxisAngle(up, -stepsRight * turnStep);
         way.applyAxisAngle(side, wanted - polar);
         this.m_camera.position.copy(this.m_controls.target).add(way);
         this.m_controls.update();
@@ -130,8 +136,13 @@ export class view {
             Math.max(...seen.map(({ y }) => y)),
         ];
         this.shift((left + right) / 2, (down + up) / 2);
-        const [width, height] = [this.m_camera.right - this.m_camera.left, this.m_camera.top - this.m_camera.bottom];
-        this.m_camera.zoom = 0.86 * Math.min(width / Math.max(right - left, 1e-9), height / Math.max(up - down, 1e-9));
+        const [width, height] = [
+            this.m_camera.right - this.m_camera.left,
+            this.m_camera.top - this.m_camera.bottom,
+        ];
+        this.m_camera.zoom =
+            0.86 *
+            Math.min(width / Math.max(right - left, 1e-9), height / Math.max(up - down, 1e-9));
         this.m_camera.updateProjectionMatrix();
         // A little up, as the line on the exaggeration stands below.
         this.shift(0, (-0.03 * height) / this.m_camera.zoom);
@@ -141,10 +152,15 @@ export class view {
 
     // The cylinder under a place on the canvas, in its pixels.
     cylinderAt(x: number, y: number): drawnCylinder | undefined {
-        const place = new Vector2((x / this.m_canvas.clientWidth) * 2 - 1, 1 - (y / this.m_canvas.clientHeight) * 2);
+        const place = new Vector2(
+            (x / this.m_canvas.clientWidth) * 2 - 1,
+            1 - (y / this.m_canvas.clientHeight) * 2,
+        );
         const ray = new Raycaster();
         ray.setFromCamera(place, this.m_camera);
-        const hit = ray.intersectObjects(this.m_shapes.children, false).find((each) => each.object.userData.cylinder);
+        const hit = ray
+            .intersectObjects(this.m_shapes.children, false)
+            .find((each) => each.object.userData.cylinder);
         return hit?.object.userData.cylinder as drawnCylinder | undefined;
     }
 
@@ -170,14 +186,18 @@ export class view {
     }
 
     private shift(right: number, up: number): void {
-        const way = new Vector3().setFromMatrixColumn(this.m_camera.matrixWorld, 0).multiplyScalar(right);
+        const way = new Vector3()
+            .setFromMatrixColumn(this.m_camera.matrixWorld, 0)
+            .multiplyScalar(right);
         way.add(new Vector3().setFromMatrixColumn(this.m_camera.matrixWorld, 1).multiplyScalar(up));
         this.m_camera.position.add(way);
         this.m_controls.target.add(way);
     }
 
     private farAway(): number {
-        const reach = Math.max(...pointsOf(this.m_drawing!).map(({ x, y, z }) => Math.hypot(x, y, z)));
+        const reach = Math.max(
+            ...pointsOf(this.m_drawing!).map(({ x, y, z }) => Math.hypot(x, y, z)),
+        );
         this.m_camera.near = 0;
         this.m_camera.far = 8 * reach;
         return 4 * reach;
@@ -199,10 +219,14 @@ export class view {
         this.m_scene.remove(this.m_shapes);
         disposeOf(this.m_shapes);
         this.m_shapes = new Group();
-        for (const each of drawn.planes) this.m_shapes.add(...planeShapes(each.corners, colours[each.set]));
-        for (const each of drawn.cylinders) this.m_shapes.add(cylinderShape(each, colours[each.set]));
-        for (const each of drawn.lines) this.m_shapes.add(lineShape(each.points, colours[each.role]));
-        for (const each of drawn.arrows) this.m_shapes.add(...arrowShapes(each, drawn.size, colours[each.role]));
+        for (const each of drawn.planes)
+            this.m_shapes.add(...planeShapes(each.corners, colours[each.set]));
+        for (const each of drawn.cylinders)
+            this.m_shapes.add(cylinderShape(each, colours[each.set]));
+        for (const each of drawn.lines)
+            this.m_shapes.add(lineShape(each.points, colours[each.role]));
+        for (const each of drawn.arrows)
+            this.m_shapes.add(...arrowShapes(each, drawn.size, colours[each.role]));
         this.m_scene.add(this.m_shapes);
         this.m_scene.background = new Color(colours.background);
     }
@@ -228,8 +252,20 @@ function vectorOf({ x, y, z }: point): Vector3 {
 function planeShapes(corners: point[], colour: string): (Mesh | Line)[] {
     const [a, b, c, d] = corners as [point, point, point, point];
     const geometry = new BufferGeometry();
-    geometry.setAttribute("position", new Float32BufferAttribute([a, b, c, a, c, d].flatMap(({ x, y, z }) => [x, y, z]), 3));
-    const material = new MeshBasicMaterial({ color: colour, opacity: 0.16, transparent: true, side: DoubleSide, depthWrite: false });
+    geometry.setAttribute(
+        "position",
+        new Float32BufferAttribute(
+            [a, b, c, a, c, d].flatMap(({ x, y, z }) => [x, y, z]),
+            3,
+        ),
+    );
+    const material = new MeshBasicMaterial({
+        color: colour,
+        opacity: 0.16,
+        transparent: true,
+        side: DoubleSide,
+        depthWrite: false,
+    });
     return [new Mesh(geometry, material), lineShape([...corners, a], colour)];
 }
 
@@ -240,23 +276,38 @@ function cylinderShape(of: drawnCylinder, colour: string): Mesh {
 }
 
 function lineShape(points: point[], colour: string): Line {
-    return new Line(new BufferGeometry().setFromPoints(points.map(vectorOf)), new LineBasicMaterial({ color: colour }));
+    return new Line(
+        new BufferGeometry().setFromPoints(points.map(vectorOf)),
+        new LineBasicMaterial({ color: colour }),
+    );
 }
 
 function arrowShapes(of: drawnArrow, size: number, colour: string): Mesh[] {
     const thickness = of.set === "first" ? 0.005 * size : 0.003 * size;
     const headLength = 9 * thickness;
     const [from, to] = [vectorOf(of.from), vectorOf(of.to)];
-    const neck = to.clone().sub(from).setLength(from.distanceTo(to) - headLength).add(from);
+    const neck = to
+        .clone()
+        .sub(from)
+        .setLength(from.distanceTo(to) - headLength)
+        .add(from);
     const material = new MeshBasicMaterial({ color: colour });
     const head = new Mesh(new ConeGeometry(3 * thickness, headLength, 20), material);
     place(head, neck, to);
     return [rod(of.from, neck, thickness, material), head];
 }
 
-function rod(from: point, to: point, radius: number, material: MeshBasicMaterial | MeshLambertMaterial): Mesh {
+function rod(
+    from: point,
+    to: point,
+    radius: number,
+    material: MeshBasicMaterial | MeshLambertMaterial,
+): Mesh {
     const [start, end] = [vectorOf(from), vectorOf(to)];
-    const shape = new Mesh(new CylinderGeometry(radius, radius, start.distanceTo(end), 28), material);
+    const shape = new Mesh(
+        new CylinderGeometry(radius, radius, start.distanceTo(end), 28),
+        material,
+    );
     place(shape, start, end);
     return shape;
 }

@@ -88,7 +88,8 @@ export const chinese: texts = {
     ncs: "ncs，平台中的机床",
 
     formulas: "数值的计算方法",
-    formulaSource: "cs 和 ncs 来自结果文档，按原样显示。其余数值均由它们和测量点 P1 至 P4 推导得出：",
+    formulaSource:
+        "cs 和 ncs 来自结果文档，按原样显示。其余数值均由它们和测量点 P1 至 P4 推导得出：",
     formulaTilt: "倾斜，按右手定则",
     formulaRise: "以 mm 表示的倾斜，LX 和 LY 为沿 X 和 Y 方向各边的平均长度",
     formulaRotation: "绕 Z 轴的旋转",
@@ -99,10 +100,12 @@ export const chinese: texts = {
     formulaAngle: "相邻点为 A 和 B 的角",
     formulaSides: "边和对角线",
     formulaDifference: "差值：第二个减第一个；坐标轴之间与原点之间",
-    formulaView: "图像中夸大 k 倍的高度，以第一次测量的平均高度为基准；坐标轴画在夸大后的平面内并与其垂直",
+    formulaView:
+        "图像中夸大 k 倍的高度，以第一次测量的平均高度为基准；坐标轴画在夸大后的平面内并与其垂直",
     licences: "本页面所含内容的许可证",
 
-    otherPlatform: "文件内容为平台“[platform]”，而文件名为“[expected]”。对于“[expected]”，工具会拒绝此文件。",
+    otherPlatform:
+        "文件内容为平台“[platform]”，而文件名为“[expected]”。对于“[expected]”，工具会拒绝此文件。",
     pointTwice: "[name] 出现多次；以最后一个为准。",
     axesNotSquare: "[element] 的坐标轴长度不为 1、不垂直或不是右手系。工具不会这样写。",
     notInverse: "ncs 不是 cs 的逆。工具不会这样写。",
@@ -137,7 +140,8 @@ export const chinese: texts = {
     noNumber: "坐标 [axis] 不是数字：“[text]”。",
     notFinite: "坐标 [axis] 不是有限的数字：“[text]”。",
     axesMissing: "测量点“[name]”缺少轴 [axes]。",
-    unknownPoint: "某个测量点的名称“[name]”未知；必须是 cylinder1、cylinder2、cylinder3 或 cylinder4。",
+    unknownPoint:
+        "某个测量点的名称“[name]”未知；必须是 cylinder1、cylinder2、cylinder3 或 cylinder4。",
     pointsMissing: "四个圆柱不齐全，或者文件被截断。缺少：[names]。",
     elementMissing: "结果文档缺少元素“[element]”。",
     unknownType: "消息的类型为“[type]”；必须是 confirm 或 error。",

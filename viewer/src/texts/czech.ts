@@ -26,7 +26,8 @@ export const czech: texts = {
     dismiss: "Zavřít",
 
     view: "Pohled",
-    viewDescription: "3D obraz platformy. Šipky jej otáčejí, s klávesou Shift posouvají, plus a minus mění měřítko, 0 ukáže vše.",
+    viewDescription:
+        "3D obraz platformy. Šipky jej otáčejí, s klávesou Shift posouvají, plus a minus mění měřítko, 0 ukáže vše.",
     oblique: "Šikmo",
     above: "Shora",
     front: "Zepředu",
@@ -44,7 +45,8 @@ export const czech: texts = {
     legendPlatform: "Osy X Y Z platformy (cs)",
     legendMachine: "Osy x y z stroje (ncs)",
     legendLevel: "Vodorovná rovina ve střední výšce",
-    machineAway: "Počátek stroje je vzdálen [distance] mm: jeho osy jsou nakresleny vedle platformy a ukazují jen směry.",
+    machineAway:
+        "Počátek stroje je vzdálen [distance] mm: jeho osy jsou nakresleny vedle platformy a ukazují jen směry.",
     assumedSize: "Bez měřicího souboru: rovina je z cs a nakreslena o šířce [size] mm.",
     savePng: "Uložit obrázek (PNG)",
     saveSvg: "Uložit obrázek (SVG)",
@@ -52,7 +54,8 @@ export const czech: texts = {
     print: "Tisk",
 
     numbers: "Čísla",
-    needsResult: "Náklon, natočení, počátek a souřadnicové systémy se zobrazí s dokumentem výsledku.",
+    needsResult:
+        "Náklon, natočení, počátek a souřadnicové systémy se zobrazí s dokumentem výsledku.",
     needsMeasuring: "Válce, odchylky a strany se zobrazí s měřicím souborem.",
     position: "Poloha platformy",
     cylinders: "Válce",
@@ -88,42 +91,54 @@ export const czech: texts = {
     ncs: "ncs, stroj v platformě",
 
     formulas: "Jak čísla vznikají",
-    formulaSource: "cs a ncs jsou v dokumentu výsledku a zobrazují se beze změny. Vše ostatní je odvozeno z nich a ze změřených bodů P1 až P4:",
+    formulaSource:
+        "cs a ncs jsou v dokumentu výsledku a zobrazují se beze změny. Vše ostatní je odvozeno z nich a ze změřených bodů P1 až P4:",
     formulaTilt: "Náklon podle pravidla pravé ruky",
     formulaRise: "Náklon v mm; LX a LY jsou střední délky stran podél X a Y",
     formulaRotation: "Natočení kolem Z",
     formulaOrigin: "Počátek",
     formulaOffset: "Výškový posun",
-    formulaPlane: "Odchylka: vzdálenost od roviny procházející středem C s nejmenším součtem čtverců; n je její normála směrem vzhůru",
-    formulaRectangle: "Vzdálenost od obdélníku R1 až R4 v této rovině s nejmenším součtem čtverců; Q jsou body promítnuté do roviny",
+    formulaPlane:
+        "Odchylka: vzdálenost od roviny procházející středem C s nejmenším součtem čtverců; n je její normála směrem vzhůru",
+    formulaRectangle:
+        "Vzdálenost od obdélníku R1 až R4 v této rovině s nejmenším součtem čtverců; Q jsou body promítnuté do roviny",
     formulaAngle: "Úhel v rohu se sousedy A a B",
     formulaSides: "Strany a úhlopříčky",
     formulaDifference: "Rozdíl: druhá hodnota minus první; mezi osami a počátky",
-    formulaView: "Výšky v obraze při převýšení k, od střední výšky prvního měření; osy jsou nakresleny v převýšené rovině a kolmo k ní",
+    formulaView:
+        "Výšky v obraze při převýšení k, od střední výšky prvního měření; osy jsou nakresleny v převýšené rovině a kolmo k ní",
     licences: "Licence součástí této stránky",
 
-    otherPlatform: "Soubor obsahuje platformu „[platform]“, jeho název uvádí „[expected]“. Program jej pro „[expected]“ odmítne.",
+    otherPlatform:
+        "Soubor obsahuje platformu „[platform]“, jeho název uvádí „[expected]“. Program jej pro „[expected]“ odmítne.",
     pointTwice: "[name] se vyskytuje vícekrát; platí poslední.",
-    axesNotSquare: "Osy [element] nemají délku 1, nejsou kolmé nebo nejsou pravotočivé. Program je tak nezapsal.",
+    axesNotSquare:
+        "Osy [element] nemají délku 1, nejsou kolmé nebo nejsou pravotočivé. Program je tak nezapsal.",
     notInverse: "ncs není inverzní k cs. Program je tak nezapsal.",
     noPlane: "Čtyři body leží na přímce nebo na jednom místě: rovina ani obdélník neexistují.",
     pointsDown: "Osa Z směřuje dolů: válce jsou zřejmě číslovány proti směru hodinových ručiček.",
-    otherMeasurement: "Počátek výsledku je [distance] mm od středu válců: výsledek a měřicí soubor jsou zřejmě z různých měření.",
+    otherMeasurement:
+        "Počátek výsledku je [distance] mm od středu válců: výsledek a měřicí soubor jsou zřejmě z různých měření.",
     differentPlatforms: "Porovnávají se dvě různé platformy: „[first]“ a „[second]“.",
 
     problemIn: "[name]: [problem]",
     problemAt: "Řádek [line], sloupec [column]: [problem]",
     cannotRead: "Soubor nelze otevřít ke čtení.",
-    fileTooLarge: "Soubor je větší než [size] MB. Měřicí soubory a dokumenty výsledku mají několik kilobajtů.",
+    fileTooLarge:
+        "Soubor je větší než [size] MB. Měřicí soubory a dokumenty výsledku mají několik kilobajtů.",
     fileEmpty: "Soubor je prázdný.",
     noText: "Soubor obsahuje pouze značku pořadí bajtů.",
     noTextFile: "Toto není textový soubor: bajt [position] je nula.",
-    utf16BigEndian: "Text je v UTF-16 s vyšším bajtem napřed, což program nečte. Uložte jej jako UTF-8.",
-    utf16WithoutMark: "Text je v UTF-16 bez značky FF FE, což program nečte. Uložte jej jako UTF-8.",
-    declaredUtf16: "Soubor deklaruje UTF-16, ale je zapsán v jednotlivých bajtech. Program v něm nic nenajde.",
+    utf16BigEndian:
+        "Text je v UTF-16 s vyšším bajtem napřed, což program nečte. Uložte jej jako UTF-8.",
+    utf16WithoutMark:
+        "Text je v UTF-16 bez značky FF FE, což program nečte. Uložte jej jako UTF-8.",
+    declaredUtf16:
+        "Soubor deklaruje UTF-16, ale je zapsán v jednotlivých bajtech. Program v něm nic nenajde.",
     declarationTooLong: "Deklarované kódování je příliš dlouhé. Program na něm skončí chybou.",
     noElement: "Toto není XML: neobsahuje žádný element.",
-    neitherFile: "Toto není měřicí soubor ani dokument výsledku: kořenový element je „[element]“ a neobsahuje žádný měřicí bod.",
+    neitherFile:
+        "Toto není měřicí soubor ani dokument výsledku: kořenový element je „[element]“ a neobsahuje žádný měřicí bod.",
     tagCutOff: "Soubor je useknutý: zde začíná značka a nic nenásleduje.",
     slashInTag: "Po „/“ ve značce musí následovat „>“.",
     attributeWithoutValue: "Atribut nemá hodnotu, nebo je soubor useknutý uvnitř značky.",
@@ -132,15 +147,18 @@ export const czech: texts = {
     elementCutOff: "Element „[element]“, který zde začíná, není uzavřen: soubor je useknutý.",
     otherClosingTag: "Toto není koncová značka elementu „[element]“, která zde má být.",
     tooManyEntities: "Text je tolikrát zakódován, že jej nelze rozvinout v rozumném čase.",
-    endlessReference: "Odkaz „&#x“ bez jedné až tří šestnáctkových číslic a „;“. Program se z něj nevrátí.",
+    endlessReference:
+        "Odkaz „&#x“ bez jedné až tří šestnáctkových číslic a „;“. Program se z něj nevrátí.",
     noPlatformName: "Kořenový element nemá PlatformName: program neví, čí jsou to data.",
     noNumber: "Souřadnice [axis] není číslo: „[text]“.",
     notFinite: "Souřadnice [axis] není konečné číslo: „[text]“.",
     axesMissing: "Měřicímu bodu „[name]“ chybí osa [axes].",
-    unknownPoint: "Měřicí bod má neznámý název „[name]“; musí to být cylinder1, cylinder2, cylinder3 nebo cylinder4.",
+    unknownPoint:
+        "Měřicí bod má neznámý název „[name]“; musí to být cylinder1, cylinder2, cylinder3 nebo cylinder4.",
     pointsMissing: "Nejsou zde všechny čtyři válce, nebo je soubor useknutý. Chybí: [names].",
     elementMissing: "V dokumentu výsledku chybí element „[element]“.",
     unknownType: "Zpráva má typ „[type]“; musí to být confirm nebo error.",
     noCoordinates: "Atribut [attribute] elementu [element] neobsahuje tři čísla: „[text]“.",
-    coordinatesNotFinite: "Atribut [attribute] elementu [element] neobsahuje konečná čísla: „[text]“.",
+    coordinatesNotFinite:
+        "Atribut [attribute] elementu [element] neobsahuje konečná čísla: „[text]“.",
 };

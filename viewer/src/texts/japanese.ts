@@ -26,7 +26,8 @@ export const japanese: texts = {
     dismiss: "閉じる",
 
     view: "表示",
-    viewDescription: "プラットフォームの3D画像。矢印キーで回転、Shift+矢印キーで移動、プラスとマイナスで拡大縮小、0で全体を表示します。",
+    viewDescription:
+        "プラットフォームの3D画像。矢印キーで回転、Shift+矢印キーで移動、プラスとマイナスで拡大縮小、0で全体を表示します。",
     oblique: "斜め",
     above: "上から",
     front: "正面から",
@@ -37,14 +38,16 @@ export const japanese: texts = {
     exaggerated: "高さを [factor] 倍に強調",
     factorShort: "[factor]×",
     trueHeights: "高さは実際の縮尺 (1×)",
-    noWebgl: "このブラウザーではここで3D表示ができません (WebGL がありません)。数値はすべて表示されています。",
+    noWebgl:
+        "このブラウザーではここで3D表示ができません (WebGL がありません)。数値はすべて表示されています。",
     legend: "凡例",
     legendFirst: "円柱と平面 (測定)",
     legendSecond: "円柱と平面 (比較対象)",
     legendPlatform: "プラットフォームの軸 X Y Z (cs)",
     legendMachine: "機械の軸 x y z (ncs)",
     legendLevel: "平均の高さの水平面",
-    machineAway: "機械の原点は [distance] mm 離れています。その軸はプラットフォームの横に描かれ、方向だけを示します。",
+    machineAway:
+        "機械の原点は [distance] mm 離れています。その軸はプラットフォームの横に描かれ、方向だけを示します。",
     assumedSize: "測定ファイルがありません。平面は cs のもので、幅 [size] mm で描かれています。",
     savePng: "画像を保存 (PNG)",
     saveSvg: "画像を保存 (SVG)",
@@ -88,27 +91,34 @@ export const japanese: texts = {
     ncs: "ncs: プラットフォームから見た機械",
 
     formulas: "数値の求め方",
-    formulaSource: "cs と ncs は結果文書にあるものをそのまま表示します。その他はすべて、それらと測定点 P1〜P4 から求めています。",
+    formulaSource:
+        "cs と ncs は結果文書にあるものをそのまま表示します。その他はすべて、それらと測定点 P1〜P4 から求めています。",
     formulaTilt: "傾き (右手の法則)",
     formulaRise: "mm で表した傾き。LX と LY は X 方向と Y 方向の辺の平均の長さ",
     formulaRotation: "Z 軸まわりの回転",
     formulaOrigin: "原点",
     formulaOffset: "高さオフセット",
-    formulaPlane: "偏差: 平均点 C を通り、距離の二乗和が最小となる平面からの距離。n はその上向きの法線",
-    formulaRectangle: "その平面内で距離の二乗和が最小となる長方形 R1〜R4 からの距離。Q は平面に投影した点",
+    formulaPlane:
+        "偏差: 平均点 C を通り、距離の二乗和が最小となる平面からの距離。n はその上向きの法線",
+    formulaRectangle:
+        "その平面内で距離の二乗和が最小となる長方形 R1〜R4 からの距離。Q は平面に投影した点",
     formulaAngle: "隣の点を A、B とする角の角度",
     formulaSides: "辺と対角線",
     formulaDifference: "差: 2番目から1番目を引いた値。軸どうし、原点どうし",
-    formulaView: "強調率 k の画像での高さ。1番目の測定の平均の高さを基準とします。軸は強調した平面の中と、それに垂直な方向に描かれます",
+    formulaView:
+        "強調率 k の画像での高さ。1番目の測定の平均の高さを基準とします。軸は強調した平面の中と、それに垂直な方向に描かれます",
     licences: "このページに含まれるもののライセンス",
 
-    otherPlatform: "ファイルの内容はプラットフォーム「[platform]」ですが、ファイル名は「[expected]」です。ツールは「[expected]」に対してこのファイルを受け付けません。",
+    otherPlatform:
+        "ファイルの内容はプラットフォーム「[platform]」ですが、ファイル名は「[expected]」です。ツールは「[expected]」に対してこのファイルを受け付けません。",
     pointTwice: "[name] が複数あります。最後のものが有効です。",
-    axesNotSquare: "[element] の軸が、長さ 1、直交、右手系のいずれかを満たしていません。ツールが書いたものではありません。",
+    axesNotSquare:
+        "[element] の軸が、長さ 1、直交、右手系のいずれかを満たしていません。ツールが書いたものではありません。",
     notInverse: "ncs が cs の逆になっていません。ツールが書いたものではありません。",
     noPlane: "4点が一直線上または同じ場所にあります。平面も長方形も定まりません。",
     pointsDown: "Z 軸が下を向いています。円柱の番号が反時計回りになっていると思われます。",
-    otherMeasurement: "結果の原点が円柱の中央から [distance] mm ずれています。結果と測定ファイルは別の測定のものと思われます。",
+    otherMeasurement:
+        "結果の原点が円柱の中央から [distance] mm ずれています。結果と測定ファイルは別の測定のものと思われます。",
     differentPlatforms: "異なるプラットフォームを比較しています:「[first]」と「[second]」。",
 
     problemIn: "[name]: [problem]",
@@ -118,26 +128,34 @@ export const japanese: texts = {
     fileEmpty: "ファイルが空です。",
     noText: "ファイルにはバイト順マークしかありません。",
     noTextFile: "テキストファイルではありません。[position] バイト目がゼロです。",
-    utf16BigEndian: "上位バイトが先の UTF-16 です。ツールはこれを読めません。UTF-8 で保存してください。",
-    utf16WithoutMark: "マーク FF FE のない UTF-16 です。ツールはこれを読めません。UTF-8 で保存してください。",
-    declaredUtf16: "UTF-16 と宣言されていますが、1バイト単位で書かれています。ツールは何も見つけられません。",
+    utf16BigEndian:
+        "上位バイトが先の UTF-16 です。ツールはこれを読めません。UTF-8 で保存してください。",
+    utf16WithoutMark:
+        "マーク FF FE のない UTF-16 です。ツールはこれを読めません。UTF-8 で保存してください。",
+    declaredUtf16:
+        "UTF-16 と宣言されていますが、1バイト単位で書かれています。ツールは何も見つけられません。",
     declarationTooLong: "宣言されたエンコーディング名が長すぎます。ツールは異常終了します。",
     noElement: "XML ではありません。要素が一つもありません。",
-    neitherFile: "測定ファイルでも結果文書でもありません。ルート要素は「[element]」で、測定点がありません。",
+    neitherFile:
+        "測定ファイルでも結果文書でもありません。ルート要素は「[element]」で、測定点がありません。",
     tagCutOff: "ファイルが途中で切れています。ここでタグが始まり、その先がありません。",
     slashInTag: "タグの中の「/」の後には「>」が必要です。",
     attributeWithoutValue: "属性に値がないか、ファイルがタグの途中で切れています。",
     valueWithoutQuote: "属性の値は引用符で始まる必要があります。",
     valueCutOff: "ここから始まる値に閉じる引用符がないか、ファイルが途中で切れています。",
-    elementCutOff: "ここから始まる要素「[element]」が閉じられていません。ファイルが途中で切れています。",
+    elementCutOff:
+        "ここから始まる要素「[element]」が閉じられていません。ファイルが途中で切れています。",
     otherClosingTag: "ここに必要な「[element]」の終了タグではありません。",
     tooManyEntities: "エスケープが何重にもなっていて、実用的な時間で解決できません。",
-    endlessReference: "1〜3桁の16進数と「;」のない参照「&#x」があります。ツールはここから戻ってきません。",
-    noPlatformName: "ルート要素に PlatformName がないため、どのプラットフォームのデータかツールには分かりません。",
+    endlessReference:
+        "1〜3桁の16進数と「;」のない参照「&#x」があります。ツールはここから戻ってきません。",
+    noPlatformName:
+        "ルート要素に PlatformName がないため、どのプラットフォームのデータかツールには分かりません。",
     noNumber: "座標 [axis] が数値ではありません:「[text]」。",
     notFinite: "座標 [axis] が有限の数値ではありません:「[text]」。",
     axesMissing: "測定点「[name]」に軸 [axes] がありません。",
-    unknownPoint: "測定点の名前「[name]」は不明です。cylinder1、cylinder2、cylinder3、cylinder4 のいずれかでなければなりません。",
+    unknownPoint:
+        "測定点の名前「[name]」は不明です。cylinder1、cylinder2、cylinder3、cylinder4 のいずれかでなければなりません。",
     pointsMissing: "4つの円柱がそろっていないか、ファイルが途中で切れています。不足: [names]。",
     elementMissing: "結果文書に要素「[element]」がありません。",
     unknownType: "メッセージの型が「[type]」です。confirm または error でなければなりません。",

@@ -33,7 +33,9 @@ export class language {
 
     // For other programs: without marks for thousands.
     plainNumber(value: number, decimals: number): string {
-        return this.format(decimals, decimals, false, "auto").format(withoutMinusZero(value, decimals));
+        return this.format(decimals, decimals, false, "auto").format(
+            withoutMinusZero(value, decimals),
+        );
     }
 
     shortNumber(value: number): string {
@@ -46,16 +48,28 @@ export class language {
 
     // In the local time, as the tool shows it.
     date(value: Date): string {
-        return new Intl.DateTimeFormat(this.code, { dateStyle: "medium", timeStyle: "medium" }).format(value);
+        return new Intl.DateTimeFormat(this.code, {
+            dateStyle: "medium",
+            timeStyle: "medium",
+        }).format(value);
     }
 
     problem({ key, values, place }: problem): string {
         const sentence = this.text(key, values);
         if (place === undefined) return sentence;
-        return this.text("problemAt", { line: String(place.line), column: String(place.column), problem: sentence });
+        return this.text("problemAt", {
+            line: String(place.line),
+            column: String(place.column),
+            problem: sentence,
+        });
     }
 
-    private format(least: number, most: number, grouped: boolean, sign: "auto" | "exceptZero"): Intl.NumberFormat {
+    private format(
+        least: number,
+        most: number,
+        grouped: boolean,
+        sign: "auto" | "exceptZero",
+    ): Intl.NumberFormat {
         return new Intl.NumberFormat(this.code, {
             minimumFractionDigits: least,
             maximumFractionDigits: most,

@@ -9,7 +9,22 @@ import { pathToFileURL } from "node:url";
 import { after, afterEach, before, test } from "node:test";
 import { PNG } from "pngjs";
 import type { Browser, Page } from "puppeteer-core";
-import { cells, choose, clear, drop, folder, foreign, makeFiles, open, pageUrl, places, settled, type shown, startChromium, textOf } from "../support/browser";
+import {
+    cells,
+    choose,
+    clear,
+    drop,
+    folder,
+    foreign,
+    makeFiles,
+    open,
+    pageUrl,
+    places,
+    settled,
+    type shown,
+    startChromium,
+    textOf,
+} from "../support/browser";
 import { differing, keepForReadme, looksAsKept, tolerance } from "../support/pictures";
 import { measuringText, square } from "../support/samples";
 
@@ -19,7 +34,9 @@ let common: shown; // an English page that the tests share and leave empty
 let page: Page;
 const opened: shown[] = [];
 
-async function openMore(...wished: Parameters<typeof open> extends [Browser, ...infer Rest] ? Rest : never): Promise<shown> {
+async function openMore(
+    ...wished: Parameters<typeof open> extends [Browser, ...infer Rest] ? Rest : never
+): Promise<shown> {
     const more = await open(browser, ...wished);
     opened.push(more);
     return more;
@@ -73,7 +90,10 @@ test("an empty page asks for files and shows neither view nor numbers", async ()
 
 test("a measuring file and its result, chosen together, show the numbers a technician uses", async () => {
     await choose(page, 0, files.P400!, files["P400-result"]!);
-    assert.equal((await textOf(page, "#subtitle")).replace(/\s/g, " "), "Platform P400, Measured: May 17, 2024, 9:41:27 AM");
+    assert.equal(
+        (await textOf(page, "#subtitle")).replace(/\s/g, " "),
+        "Platform P400, Measured: May 17, 2024, 9:41:27 AM",
+    );
     const expected: Record<string, string[]> = {
         "Tilt about X": ["+0.0428°higher at cylinders 1, 2"],
         "Tilt about X, over 300 mm": ["+0.2242 mm"],
@@ -91,28 +111,45 @@ test("a measuring file and its result, chosen together, show the numbers a techn
         "Difference of the diagonals": ["-0.0006 mm"],
         "o (mm)": ["212.83480000", "168.88340000", "151.60535000"],
     };
-    for (const [head, values] of Object.entries(expected)) assert.deepEqual(await cells(page, head), values, head);
+    for (const [head, values] of Object.entries(expected))
+        assert.deepEqual(await cells(page, head), values, head);
 });
 
 test("the coordinate systems stand there as in the result document", async () => {
     await choose(page, 0, files["P20-result"]!);
     const shownFrames = await page.$$eval("#numbers .frames table", (tables) =>
-        tables.map((each) => [...each.querySelectorAll("tbody tr")].map((row) => [...row.querySelectorAll("td")].map((cell) => cell.textContent))),
+        tables.map((each) =>
+            [...each.querySelectorAll("tbody tr")].map((row) =>
+                [...row.querySelectorAll("td")].map((cell) => cell.textContent),
+            ),
+        ),
     );
     const document = readFileSync(files["P20-result"]!, "utf8");
     for (const [i, name] of ["cs", "ncs"].entries()) {
         const element = new RegExp(`<${name} ([^/]*)/>`).exec(document)![1]!;
         ["o", "x", "y", "z"].forEach((attribute, row) => {
             const values = new RegExp(`\\b${attribute}="([^"]*)"`).exec(element)![1]!.split(",");
-            assert.deepEqual(shownFrames[i]![row]!.map(Number), values.map((value) => Number(value) + 0), `${name} ${attribute}`);
+            assert.deepEqual(
+                shownFrames[i]![row]!.map(Number),
+                values.map((value) => Number(value) + 0),
+                `${name} ${attribute}`,
+            );
         });
     }
 });
 
 test("files can be dropped, one, both or all four, and find their place", async () => {
-    await drop(page, "h1", files["later-result"]!, files.P400!, files["P400-result"]!, files.later!);
+    await drop(
+        page,
+        "h1",
+        files["later-result"]!,
+        files.P400!,
+        files["P400-result"]!,
+        files.later!,
+    );
     await settled(page, [files.P400!, files["P400-result"]!, files.later!, files["later-result"]!]);
-    const names = (set: string): Promise<string[]> => page.$$eval(`.set.${set} .fileName`, (all) => all.map((each) => each.textContent!));
+    const names = (set: string): Promise<string[]> =>
+        page.$$eval(`.set.${set} .fileName`, (all) => all.map((each) => each.textContent!));
     assert.deepEqual(await names("one"), ["MeasuringData_P400.xml", "result_P400.xml"]);
     assert.deepEqual(await names("other"), ["P400_later.xml", "result_later.xml"]);
     assert.equal(await textOf(page, "#notices"), "");
@@ -143,7 +180,18 @@ test("with a result alone, what needs the measuring file is not shown", async ()
 
 test("the view shows four cylinders, the plane and both coordinate systems", async () => {
     await choose(page, 0, files.P400!, files["P400-result"]!);
-    assert.deepEqual(Object.keys(await places(page)).sort(), ["1", "2", "3", "4", "X", "Y", "Z", "x", "y", "z"]);
+    assert.deepEqual(Object.keys(await places(page)).sort(), [
+        "1",
+        "2",
+        "3",
+        "4",
+        "X",
+        "Y",
+        "Z",
+        "x",
+        "y",
+        "z",
+    ]);
     const picture = await (await page.$("#figure"))!.screenshot();
     looksAsKept("oblique", picture);
     // The tolerance is no blindness: a step of the exaggeration is more than it lets pass.
@@ -174,10 +222,17 @@ test("the exaggeration goes from 1 to 1000, says so, and is what is drawn", asyn
     // Cylinder 2 is 0.5541 mm higher than 4 and 399.3242 mm to the right, 300.872 mm farther; the
     // look is from 0.02 above, which lifts what is behind.
     const expected = (factor: number): number => (0.5541 * factor + 0.02 * 300.872) / 399.3242;
-    for (const [step, factor, text] of [[0, 1, "Heights true to scale (1×)"], [18, 100, "Heights exaggerated 100×"], [27, 1000, "Heights exaggerated 1,000×"]] as const) {
+    for (const [step, factor, text] of [
+        [0, 1, "Heights true to scale (1×)"],
+        [18, 100, "Heights exaggerated 100×"],
+        [27, 1000, "Heights exaggerated 1,000×"],
+    ] as const) {
         await setFactor(page, step);
         assert.equal(await textOf(page, "#caption"), text);
-        assert.equal(await page.$eval("#factor", (each) => each.getAttribute("aria-valuetext")), await textOf(page, "#factorText"));
+        assert.equal(
+            await page.$eval("#factor", (each) => each.getAttribute("aria-valuetext")),
+            await textOf(page, "#factorText"),
+        );
         near(await slope(), expected(factor), 0.02 * expected(factor) + 0.003, text);
     }
 });
@@ -198,16 +253,39 @@ test("mouse and wheel turn, move and zoom", async () => {
     };
     const first = await places(page);
     await drag("left");
-    await page.waitForFunction((was) => parseFloat(document.querySelector<HTMLElement>("#labels button")!.style.left) !== was, {}, first["1"]!.x);
+    await page.waitForFunction(
+        (was) =>
+            parseFloat(document.querySelector<HTMLElement>("#labels button")!.style.left) !== was,
+        {},
+        first["1"]!.x,
+    );
     const turned = await places(page);
-    assert.ok(Math.abs(turned["1"]!.y - first["1"]!.y - (turned["3"]!.y - first["3"]!.y)) > 10, "turned");
+    assert.ok(
+        Math.abs(turned["1"]!.y - first["1"]!.y - (turned["3"]!.y - first["3"]!.y)) > 10,
+        "turned",
+    );
     await drag("right");
-    await page.waitForFunction((was) => Math.abs(parseFloat(document.querySelector<HTMLElement>("#labels button")!.style.left) - was) > 40, {}, turned["1"]!.x);
+    await page.waitForFunction(
+        (was) =>
+            Math.abs(
+                parseFloat(document.querySelector<HTMLElement>("#labels button")!.style.left) - was,
+            ) > 40,
+        {},
+        turned["1"]!.x,
+    );
     const moved = await places(page);
-    for (const each of ["1", "2", "3", "4"]) near(moved[each]!.x - turned[each]!.x, 80, 6, `${each} has moved along`);
+    for (const each of ["1", "2", "3", "4"])
+        near(moved[each]!.x - turned[each]!.x, 80, 6, `${each} has moved along`);
     const before = await width();
     await page.mouse.wheel({ deltaY: -300 });
-    await page.waitForFunction((was) => Math.abs(parseFloat(document.querySelector<HTMLElement>("#labels button")!.style.left) - was) > 2, {}, moved["1"]!.x);
+    await page.waitForFunction(
+        (was) =>
+            Math.abs(
+                parseFloat(document.querySelector<HTMLElement>("#labels button")!.style.left) - was,
+            ) > 2,
+        {},
+        moved["1"]!.x,
+    );
     assert.ok((await width()) > before * 1.05, "zoomed in");
 });
 
@@ -239,8 +317,10 @@ test("a hover tells a point's values, a focus too, and Escape puts them away", a
     await choose(page, 0, files.P400!, files["P400-result"]!);
     const canvas = (await (await page.$("#canvas"))!.boundingBox())!;
     const label = (await places(page))["3"]!;
-    const values = "Cylinder 3\nX\n413.1514 mm\nY\n19.3204 mm\nZ\n151.3094 mm\nDeviation from plane\n+0.0012 mm\nDistance from rectangle\n0.0002 mm\nAngle beyond 90°\n+0.0001°";
-    const told = async (): Promise<string> => (await textOf(page, "#tooltip")).replaceAll("\u00a0", " ");
+    const values =
+        "Cylinder 3\nX\n413.1514 mm\nY\n19.3204 mm\nZ\n151.3094 mm\nDeviation from plane\n+0.0012 mm\nDistance from rectangle\n0.0002 mm\nAngle beyond 90°\n+0.0001°";
+    const told = async (): Promise<string> =>
+        (await textOf(page, "#tooltip")).replaceAll("\u00a0", " ");
     // The cylinder itself is below its label.
     await page.mouse.move(canvas.x + label.x, canvas.y + label.y + 28);
     await page.waitForSelector("#tooltip", { visible: true });
@@ -251,7 +331,10 @@ test("a hover tells a point's values, a focus too, and Escape puts them away", a
     await page.focus("#labels button:nth-of-type(3)");
     await page.waitForSelector("#tooltip", { visible: true });
     assert.equal(await told(), values);
-    const name = await page.$eval("#labels button:nth-of-type(3)", (each) => each.getAttribute("aria-label")!);
+    const name = await page.$eval(
+        "#labels button:nth-of-type(3)",
+        (each) => each.getAttribute("aria-label")!,
+    );
     assert.match(name, /^3 Cylinder: X 413.1514/);
     await page.keyboard.press("Escape");
     await page.waitForSelector("#tooltip", { hidden: true });
@@ -261,17 +344,29 @@ test("two measurements lie over each other, with their differences", async () =>
     await choose(page, 0, files.P400!, files["P400-result"]!);
     await choose(page, 1, files.later!, files["later-result"]!);
     const labels = Object.keys(await places(page));
-    for (const each of ["1", "4", "1′", "4′", "X", "X′", "Z′", "x"]) assert.ok(labels.includes(each), each);
+    for (const each of ["1", "4", "1′", "4′", "X", "X′", "Z′", "x"])
+        assert.ok(labels.includes(each), each);
     // One corner has gone up by 0.5: the mean by an eighth of a millimetre.
     assert.deepEqual(await cells(page, "Origin Z"), ["+151.6054 mm", "+151.7304 mm", "+0.1250 mm"]);
     assert.deepEqual(await cells(page, "Distance between the origins"), ["", "", "0.1250 mm"]);
     const differences = await page.$$eval("#numbers .cylinders.scrolled", (tables) =>
-        [...tables[2]!.querySelectorAll("tbody tr")].map((row) => [...row.querySelectorAll("td")].slice(0, 4).map((cell) => cell.textContent)),
+        [...tables[2]!.querySelectorAll("tbody tr")].map((row) =>
+            [...row.querySelectorAll("td")].slice(0, 4).map((cell) => cell.textContent),
+        ),
     );
-    assert.deepEqual(differences.map((row) => row.slice(0, 3)), [
-        ["0.0000", "0.0000", "+0.5000"], ["0.0000", "0.0000", "0.0000"], ["0.0000", "0.0000", "0.0000"], ["0.0000", "0.0000", "0.0000"],
-    ]);
-    assert.deepEqual(differences.map((row) => row[3]), ["+0.1250", "-0.1250", "+0.1250", "-0.1250"]);
+    assert.deepEqual(
+        differences.map((row) => row.slice(0, 3)),
+        [
+            ["0.0000", "0.0000", "+0.5000"],
+            ["0.0000", "0.0000", "0.0000"],
+            ["0.0000", "0.0000", "0.0000"],
+            ["0.0000", "0.0000", "0.0000"],
+        ],
+    );
+    assert.deepEqual(
+        differences.map((row) => row[3]),
+        ["+0.1250", "-0.1250", "+0.1250", "-0.1250"],
+    );
     looksAsKept("compared", await (await page.$("#figure"))!.screenshot());
 });
 
@@ -279,29 +374,61 @@ test("two platforms that differ, and a result of another measurement, are told",
     await choose(page, 0, files.P400!, files["P20-result"]!);
     assert.match(await textOf(page, "#notices"), /259\.4 mm off the middle of the cylinders/);
     await choose(page, 1, files.P20!);
-    assert.match(await textOf(page, "#notices"), /Two different platforms are compared: “P400” and “P20”/);
+    assert.match(
+        await textOf(page, "#notices"),
+        /Two different platforms are compared: “P400” and “P20”/,
+    );
 });
 
 test("an error document shows its message and nothing else", async () => {
     await choose(page, 0, files.error!);
-    assert.match(await textOf(page, ".message.error"), /Platform information for "P7" not found!\nPlease use build process/);
+    assert.match(
+        await textOf(page, ".message.error"),
+        /Platform information for "P7" not found!\nPlease use build process/,
+    );
     assert.equal(await page.$eval("#content", (each) => (each as HTMLElement).hidden), true);
 });
 
 test("files that can't be used give a sentence with what and where, and the page goes on", async () => {
     const good = measuringText(square);
     const rows: [name: string, content: string | Uint8Array, sentence: RegExp][] = [
-        ["picture.xml", new PNG({ width: 9, height: 9 }) && PNG.sync.write(new PNG({ width: 9, height: 9 })), /^picture\.xml: This is no text file: there is a zero at byte 9\.$/],
-        ["page.html", "<html><body>x</body></html>", /^page\.html: Line 1, column 1: This is neither a measuring file nor a result document: the root element is “html”/],
-        ["cut.xml", good.slice(0, good.indexOf("</MeasuringData")), /^cut\.xml: Line 2, column 1: The element “MeasuringData” that begins here is not closed: the file is cut off\.$/],
-        ["nonumber.xml", good.replace(">20<", ">about 20<"), /^nonumber\.xml: Line 4, column 49: The x coordinate is no number: “about 20”\.$/],
-        ["three.xml", good.replace("cylinder3", "cylinder2"), /^three\.xml: Line 2, column 1: Not all four cylinders are there, or the file is cut off\. Missing: cylinder3\.$/],
+        [
+            "picture.xml",
+            new PNG({ width: 9, height: 9 }) && PNG.sync.write(new PNG({ width: 9, height: 9 })),
+            /^picture\.xml: This is no text file: there is a zero at byte 9\.$/,
+        ],
+        [
+            "page.html",
+            "<html><body>x</body></html>",
+            /^page\.html: Line 1, column 1: This is neither a measuring file nor a result document: the root element is “html”/,
+        ],
+        [
+            "cut.xml",
+            good.slice(0, good.indexOf("</MeasuringData")),
+            /^cut\.xml: Line 2, column 1: The element “MeasuringData” that begins here is not closed: the file is cut off\.$/,
+        ],
+        [
+            "nonumber.xml",
+            good.replace(">20<", ">about 20<"),
+            /^nonumber\.xml: Line 4, column 49: The x coordinate is no number: “about 20”\.$/,
+        ],
+        [
+            "three.xml",
+            good.replace("cylinder3", "cylinder2"),
+            /^three\.xml: Line 2, column 1: Not all four cylinders are there, or the file is cut off\. Missing: cylinder3\.$/,
+        ],
         ["empty.xml", "", /^empty\.xml: The file is empty\.$/],
-        ["script.xml", `<a b="<img src=x onerror=alert(1)>"><script>alert(2)</script></a>`, /^script\.xml: Line 1, column 1: This is neither/],
+        [
+            "script.xml",
+            `<a b="<img src=x onerror=alert(1)>"><script>alert(2)</script></a>`,
+            /^script\.xml: Line 1, column 1: This is neither/,
+        ],
     ];
     const paths = rows.map(([name, content]) => made(name, content));
     await choose(page, 0, ...paths);
-    const sentences = await page.$$eval(".problem span", (all) => all.map((each) => each.textContent!));
+    const sentences = await page.$$eval(".problem span", (all) =>
+        all.map((each) => each.textContent!),
+    );
     rows.forEach(([, , sentence], i) => assert.match(sentences[i]!, sentence));
     assert.equal(await page.$eval("#problems", (each) => each.getAttribute("role")), "alert");
     await choose(page, 0, files.P20!);
@@ -312,7 +439,10 @@ test("a folder is no file, and that is told", async () => {
     mkdirSync(join(folder, "a folder.xml"), { recursive: true });
     await drop(page, "h1", join(folder, "a folder.xml"));
     await page.waitForSelector(".problem");
-    assert.match(await textOf(page, ".problem span"), /^a folder\.xml: The file can't be opened for reading\.$/);
+    assert.match(
+        await textOf(page, ".problem span"),
+        /^a folder\.xml: The file can't be opened for reading\.$/,
+    );
 });
 
 test("ten megabytes of something else are refused, and the page answers meanwhile", async () => {
@@ -326,13 +456,17 @@ test("ten megabytes of something else are refused, and the page answers meanwhil
         const counted = window as unknown as { answers: number };
         counted.answers = 0;
         const count = (): void => {
-            if (document.getElementById("status")!.textContent!.startsWith("Reading")) ++counted.answers;
+            if (document.getElementById("status")!.textContent!.startsWith("Reading"))
+                ++counted.answers;
             setTimeout(count, 0);
         };
         count();
     });
     await choose(page, 0, made("deep.xml", "<a>".repeat(size / 3)));
-    assert.match(await textOf(page, ".problem span"), /^deep\.xml: Line 1, column \d+: The element “a” that begins here is not closed/);
+    assert.match(
+        await textOf(page, ".problem span"),
+        /^deep\.xml: Line 1, column \d+: The element “a” that begins here is not closed/,
+    );
     const answers = await page.evaluate(() => (window as unknown as { answers: number }).answers);
     assert.ok(answers >= 3, `${answers} answers while the file was read`);
 });
@@ -345,8 +479,19 @@ test("names with markup in them stay text", async () => {
 });
 
 test("coordinates beyond all measure do no harm", async () => {
-    await choose(page, 0, made("huge.xml", measuringText(square.map(({ x, y }) => ({ x: x * 1e307, y: y * 1e307, z: -1e308 })))));
-    await choose(page, 0, made("line.xml", measuringText(square.map(({ x }) => ({ x, y: x, z: x })))));
+    await choose(
+        page,
+        0,
+        made(
+            "huge.xml",
+            measuringText(square.map(({ x, y }) => ({ x: x * 1e307, y: y * 1e307, z: -1e308 }))),
+        ),
+    );
+    await choose(
+        page,
+        0,
+        made("line.xml", measuringText(square.map(({ x }) => ({ x, y: x, z: x })))),
+    );
     assert.match(await textOf(page, "#notices"), /there is no plane and no rectangle/);
 });
 
@@ -355,7 +500,11 @@ async function saved(from: Page, button: string, name: string): Promise<Buffer> 
     const target = join(folder, "saved");
     mkdirSync(target, { recursive: true });
     const session = await from.createCDPSession();
-    await session.send("Browser.setDownloadBehavior", { behavior: "allow", downloadPath: target, eventsEnabled: true });
+    await session.send("Browser.setDownloadBehavior", {
+        behavior: "allow",
+        downloadPath: target,
+        eventsEnabled: true,
+    });
     const done = new Promise<void>((resolve, reject) => {
         session.on("Browser.downloadProgress", ({ state }) => {
             if (state === "completed") resolve();
@@ -373,11 +522,15 @@ test("the view is saved as PNG and SVG, the numbers as CSV", async () => {
     await choose(page, 0, files.P400!, files["P400-result"]!);
     const png = PNG.sync.read(await saved(page, "#savePng", "P400.png"));
     const canvas = await page.$eval("#canvas", (each) => [each.clientWidth, each.clientHeight]);
-    assert.deepEqual([png.width, png.height], canvas.map((size) => 2 * size));
+    assert.deepEqual(
+        [png.width, png.height],
+        canvas.map((size) => 2 * size),
+    );
     looksAsKept("saved", PNG.sync.write(png));
 
     const svg = (await saved(page, "#saveSvg", "P400.svg")).toString();
-    for (const text of ["Heights exaggerated 100×", "Platform P400, Measured: May 17, 2024"]) assert.ok(svg.includes(text), text);
+    for (const text of ["Heights exaggerated 100×", "Platform P400, Measured: May 17, 2024"])
+        assert.ok(svg.includes(text), text);
     const seen = await browser.newPage();
     await seen.setViewport({ width: canvas[0]!, height: canvas[1]! });
     await seen.goto(pathToFileURL(join(folder, "saved", "P400.svg")).href);
@@ -387,16 +540,23 @@ test("the view is saved as PNG and SVG, the numbers as CSV", async () => {
     const csv = (await saved(page, "#saveCsv", "P400.csv")).toString().split("\r\n");
     assert.equal(csv[1], "Group,Quantity,Unit,Value");
     assert.ok(csv.includes("How the platform stands,Tilt about X,°,0.0428"));
-    assert.ok(csv.includes("Coordinate systems,\"ncs, the machine in the platform o.x\",mm,-213.32782803"));
+    assert.ok(
+        csv.includes('Coordinate systems,"ncs, the machine in the platform o.x",mm,-213.32782803'),
+    );
 });
 
 function pagesOf(pdf: Uint8Array): number {
-    return Buffer.from(pdf).toString("latin1").match(/\/Type\s*\/Page\b/g)?.length ?? 0;
+    return (
+        Buffer.from(pdf)
+            .toString("latin1")
+            .match(/\/Type\s*\/Page\b/g)?.length ?? 0
+    );
 }
 
 test("print fills one page, with one measurement and with two, also in wordy languages", async () => {
     const dark = await openMore({ dark: true });
-    const print = async (): Promise<number> => pagesOf(await dark.page.pdf({ preferCSSPageSize: true, printBackground: true }));
+    const print = async (): Promise<number> =>
+        pagesOf(await dark.page.pdf({ preferCSSPageSize: true, printBackground: true }));
     const inLanguages = async (codes: string[], state: string): Promise<void> => {
         for (const code of codes) {
             await dark.page.select("#language", code);
@@ -438,11 +598,17 @@ test("the page speaks the browser's language, each of the nine, and can be switc
     await choose(page, 0, files.P20!);
     for (const [wanted, code, title, side] of rows) {
         const other = await openMore({ languages: wanted });
-        const read = (from: Page): Promise<string[]> => from.evaluate(() => [document.documentElement.lang, document.querySelector("h1")!.textContent!]);
+        const read = (from: Page): Promise<string[]> =>
+            from.evaluate(() => [
+                document.documentElement.lang,
+                document.querySelector("h1")!.textContent!,
+            ]);
         assert.deepEqual(await read(other.page), [code, title]);
         await page.select("#language", code);
         assert.deepEqual(await read(page), [code, title]);
-        const sides = await page.$$eval("#numbers .sides tbody td", (all) => all.map((each) => each.textContent!.replaceAll("\u00a0", " ")));
+        const sides = await page.$$eval("#numbers .sides tbody td", (all) =>
+            all.map((each) => each.textContent!.replaceAll("\u00a0", " ")),
+        );
         assert.equal(sides[0], side, code);
     }
     await page.select("#language", "de");
@@ -455,7 +621,15 @@ test("the page speaks the browser's language, each of the nine, and can be switc
 test("each number's formula is told in the page", async () => {
     await page.$eval("#formulas", (each) => ((each as HTMLDetailsElement).open = true));
     const told = await textOf(page, "#formulaList");
-    for (const formula of ["asin(cs.y.z)", "−cs.x.z · LX", "atan2(cs.x.y, cs.x.x)", "n · (Pᵢ − C)", "Σ |Qᵢ − Rᵢ|² → min", "cs.o.z − (P1.z", "z′ = k · (z − C.z)"]) {
+    for (const formula of [
+        "asin(cs.y.z)",
+        "−cs.x.z · LX",
+        "atan2(cs.x.y, cs.x.x)",
+        "n · (Pᵢ − C)",
+        "Σ |Qᵢ − Rᵢ|² → min",
+        "cs.o.z − (P1.z",
+        "z′ = k · (z − C.z)",
+    ]) {
         assert.ok(told.includes(formula), formula);
     }
     assert.match(told, /cs and ncs stand in the result document and are shown as they are/);
@@ -464,7 +638,9 @@ test("each number's formula is told in the page", async () => {
 
 test("the licences of what the page contains are in it", async () => {
     const text = await page.$eval("#licences pre", (each) => each.textContent!);
-    const { dependencies } = JSON.parse(readFileSync("package.json", "utf8")) as { dependencies: { three: string } };
+    const { dependencies } = JSON.parse(readFileSync("package.json", "utf8")) as {
+        dependencies: { three: string };
+    };
     assert.ok(text.startsWith(`three ${dependencies.three}\n`));
     assert.match(text, /The MIT License/);
     assert.match(text, /three\.js authors/);
@@ -473,14 +649,19 @@ test("the licences of what the page contains are in it", async () => {
 test("the page is one file of less than 1.5 MB that names no other", () => {
     const path = new URL(pageUrl).pathname;
     assert.ok(statSync(path).size < 1.5e6);
-    assert.doesNotMatch(readFileSync(path, "utf8"), /<(?:script|link|img|iframe)[^>]+(?:src|href)="(?!data:)/);
+    assert.doesNotMatch(
+        readFileSync(path, "utf8"),
+        /<(?:script|link|img|iframe)[^>]+(?:src|href)="(?!data:)/,
+    );
 });
 
 // Everything by which a page could send something, tried from inside it. Each is given the time to
 // fail by itself: a violation of the policy, or an error.
 function tryToConnect(base: string): Promise<string[]> {
     const violations: string[] = [];
-    document.addEventListener("securitypolicyviolation", (event) => violations.push(event.effectiveDirective));
+    document.addEventListener("securitypolicyviolation", (event) =>
+        violations.push(event.effectiveDirective),
+    );
     const quietly = (attempt: () => unknown): void => {
         try {
             void Promise.resolve(attempt()).catch(() => undefined);
@@ -505,14 +686,18 @@ function tryToConnect(base: string): Promise<string[]> {
         request.open("GET", `${base}/xhr`);
         request.send();
     });
-    for (const name of ["img", "script", "iframe", "audio", "embed"]) quietly(() => element(name, "src"));
+    for (const name of ["img", "script", "iframe", "audio", "embed"])
+        quietly(() => element(name, "src"));
     quietly(() => element("link", "href"));
     quietly(() => new FontFace("x", `url(${base}/font)`).load());
     return new Promise((resolve) => setTimeout(() => resolve(violations), 1000));
 }
 
 // The same tries in both pages; gives what arrived at a server of this machine.
-async function arrivals(from: Page, server: Server): Promise<{ violations: string[]; arrived: string[] }> {
+async function arrivals(
+    from: Page,
+    server: Server,
+): Promise<{ violations: string[]; arrived: string[] }> {
     const arrived: string[] = [];
     const note = (request: IncomingMessage, response: ServerResponse): void => {
         arrived.push(request.url!);
@@ -532,15 +717,28 @@ test("nothing can be sent: the policy stops every way out, and without it the sa
     try {
         await guarded.goto(pageUrl);
         const { violations, arrived } = await arrivals(guarded, server);
-        for (const directive of ["connect-src", "img-src", "script-src-elem", "frame-src", "style-src-elem", "font-src", "media-src", "object-src"]) {
-            assert.ok(violations.includes(directive), `${directive} of ${[...new Set(violations)].join()}`);
+        for (const directive of [
+            "connect-src",
+            "img-src",
+            "script-src-elem",
+            "frame-src",
+            "style-src-elem",
+            "font-src",
+            "media-src",
+            "object-src",
+        ]) {
+            assert.ok(
+                violations.includes(directive),
+                `${directive} of ${[...new Set(violations)].join()}`,
+            );
         }
         assert.equal(arrived.join(), "");
 
         await unguarded.setBypassCSP(true);
         await unguarded.goto(pageUrl);
         const free = await arrivals(unguarded, server);
-        for (const way of ["/fetch", "/post", "/xhr", "/img", "/script"]) assert.ok(free.arrived.includes(way), `${way} of ${free.arrived.join()}`);
+        for (const way of ["/fetch", "/post", "/xhr", "/img", "/script"])
+            assert.ok(free.arrived.includes(way), `${way} of ${free.arrived.join()}`);
     } finally {
         await guarded.close();
         await unguarded.close();
@@ -571,18 +769,36 @@ test("every control is reached by the Tab key and has a name", async () => {
         await page.keyboard.press("Tab");
         const name = await page.evaluate(() => {
             const at = document.activeElement;
-            return at === null || at === document.body ? "" : at.id || at.getAttribute("aria-label") || at.textContent!.trim();
+            return at === null || at === document.body
+                ? ""
+                : at.id || at.getAttribute("aria-label") || at.textContent!.trim();
         });
         if (name === "" || name === reached[0]) break;
         reached.push(name);
     }
-    for (const each of ["language", "Remove result_P400.xml", "Choose files …", "above", "canvas", "factor", "savePng", "print", "How the numbers are found"]) {
+    for (const each of [
+        "language",
+        "Remove result_P400.xml",
+        "Choose files …",
+        "above",
+        "canvas",
+        "factor",
+        "savePng",
+        "print",
+        "How the numbers are found",
+    ]) {
         assert.ok(reached.includes(each), `${each} of ${reached.join(" | ")}`);
     }
     assert.equal(reached.filter((each) => /^[1-4] Cylinder/.test(each)).length, 4);
     const tree = await page.accessibility.snapshot();
-    const nameless = (tree?.children ?? []).filter(({ role, name }) => ["button", "slider", "combobox", "image", "table"].includes(role) && !name);
-    assert.deepEqual(nameless.filter(({ role }) => role !== "table"), []);
+    const nameless = (tree?.children ?? []).filter(
+        ({ role, name }) =>
+            ["button", "slider", "combobox", "image", "table"].includes(role) && !name,
+    );
+    assert.deepEqual(
+        nameless.filter(({ role }) => role !== "table"),
+        [],
+    );
 });
 
 test("the accessibility checker finds nothing, light and dark, in every state", async () => {
@@ -590,10 +806,26 @@ test("the accessibility checker finds nothing, light and dark, in every state", 
     const check = async (of: Page, state: string): Promise<void> => {
         await of.evaluate(axe);
         const found = await of.evaluate(async () => {
-            const run = (window as unknown as { axe: { run: (options: object) => Promise<{ violations: { id: string; nodes: { html: string; failureSummary: string }[] }[] }> } }).axe.run;
+            const run = (
+                window as unknown as {
+                    axe: {
+                        run: (
+                            options: object,
+                        ) => Promise<{
+                            violations: {
+                                id: string;
+                                nodes: { html: string; failureSummary: string }[];
+                            }[];
+                        }>;
+                    };
+                }
+            ).axe.run;
             const tags = ["wcag2a", "wcag2aa", "wcag21a", "wcag21aa", "best-practice"];
             const { violations } = await run({ runOnly: { type: "tag", values: tags } });
-            return violations.map(({ id, nodes }) => `${id}: ${nodes.map(({ html, failureSummary }) => `${html} ${failureSummary}`).join("\n")}`);
+            return violations.map(
+                ({ id, nodes }) =>
+                    `${id}: ${nodes.map(({ html, failureSummary }) => `${html} ${failureSummary}`).join("\n")}`,
+            );
         });
         assert.deepEqual(found, [], state);
     };
@@ -602,7 +834,9 @@ test("the accessibility checker finds nothing, light and dark, in every state", 
         const other = await openMore({ dark });
         await check(other.page, `${scheme}, empty`);
         await choose(other.page, 0, files.P400!, files["P20-result"]!, made("leer.xml", ""));
-        await other.page.evaluate(() => document.querySelectorAll("details").forEach((each) => (each.open = true)));
+        await other.page.evaluate(() =>
+            document.querySelectorAll("details").forEach((each) => (each.open = true)),
+        );
         await other.page.focus("#labels button");
         await check(other.page, `${scheme}, one measurement, a problem and a notice`);
         await choose(other.page, 1, files.later!, files.error!);

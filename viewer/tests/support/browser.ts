@@ -3,7 +3,12 @@
 import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
 import { pathToFileURL } from "node:url";
-import puppeteer, { type Browser, type CDPSession, type ElementHandle, type Page } from "puppeteer-core";
+import puppeteer, {
+    type Browser,
+    type CDPSession,
+    type ElementHandle,
+    type Page,
+} from "puppeteer-core";
 import { examples, resultOf, runTool } from "./samples";
 
 const pageFile = process.env.VIEWER_PAGE ?? "";
@@ -37,7 +42,11 @@ export function startFirefox(display: string): Promise<Browser> {
         browser: "firefox",
         executablePath: "/usr/bin/firefox-esr",
         headless: false,
-        extraPrefsFirefox: { "webgl.force-enabled": true, "intl.accept_languages": "en", "ui.systemUsesDarkTheme": 0 },
+        extraPrefsFirefox: {
+            "webgl.force-enabled": true,
+            "intl.accept_languages": "en",
+            "ui.systemUsesDarkTheme": 0,
+        },
         env: { ...process.env, TZ: "UTC", DISPLAY: display, LIBGL_ALWAYS_SOFTWARE: "1" },
         protocolTimeout: 180_000,
         timeout: 120_000,
@@ -68,19 +77,28 @@ export async function open(browser: Browser, wished: wishes = {}): Promise<shown
     });
     page.on("request", (request) => got.requests.push(request.url()));
     await page.setViewport({ width: wished.width ?? 1280, height: wished.height ?? 1000 });
-    await page.emulateMediaFeatures([{ name: "prefers-color-scheme", value: wished.dark === true ? "dark" : "light" }]);
+    await page.emulateMediaFeatures([
+        { name: "prefers-color-scheme", value: wished.dark === true ? "dark" : "light" },
+    ]);
     const session = await page.createCDPSession();
     const userAgent = await browser.userAgent();
-    await session.send("Emulation.setUserAgentOverride", { userAgent, acceptLanguage: wished.languages ?? "en" });
+    await session.send("Emulation.setUserAgentOverride", {
+        userAgent,
+        acceptLanguage: wished.languages ?? "en",
+    });
     if (wished.before !== undefined) await page.evaluateOnNewDocument(wished.before);
     await page.goto(pageUrl);
-    await page.evaluate(() => document.documentElement.style.setProperty("--font", '"DejaVu Sans"'));
+    await page.evaluate(() =>
+        document.documentElement.style.setProperty("--font", '"DejaVu Sans"'),
+    );
     return got;
 }
 
 // What the page may load: itself, and what it makes.
 export function foreign(requests: string[]): string[] {
-    return requests.filter((url) => url !== pageUrl && !url.startsWith("data:") && !url.startsWith("blob:"));
+    return requests.filter(
+        (url) => url !== pageUrl && !url.startsWith("data:") && !url.startsWith("blob:"),
+    );
 }
 
 // Files of the examples, with results of the tool, under names that a taven folder has.
@@ -93,8 +111,16 @@ export function makeFiles(): Record<string, string> {
         writeFileSync(files[key], content);
     };
     for (const platform of ["P20", "P400"]) {
-        keep(platform, `MeasuringData_${platform}.xml`, readFileSync(join(examples, `MeasuringData_${platform}.xml`)));
-        keep(`${platform}-result`, `result_${platform}.xml`, resultOf(platform, platform === "P20" ? "0.25" : "0.35"));
+        keep(
+            platform,
+            `MeasuringData_${platform}.xml`,
+            readFileSync(join(examples, `MeasuringData_${platform}.xml`)),
+        );
+        keep(
+            `${platform}-result`,
+            `result_${platform}.xml`,
+            resultOf(platform, platform === "P20" ? "0.25" : "0.35"),
+        );
     }
     // The same platform three weeks later, with a corner that has gone up by half a millimetre.
     const later = readFileSync(join(examples, "MeasuringData_P400.xml"), "utf8")
@@ -117,7 +143,9 @@ export async function settled(page: Page, paths: string[]): Promise<void> {
     const names = paths.map((path) => path.split("/").pop()!);
     await page.waitForFunction(
         (wanted: string[]) => {
-            const all = [...document.querySelectorAll(".fileName, .problem span")].map((each) => each.textContent ?? "");
+            const all = [...document.querySelectorAll(".fileName, .problem span")].map(
+                (each) => each.textContent ?? "",
+            );
             const reading = (document.getElementById("status")?.textContent ?? "").includes("…");
             return !reading && wanted.every((name) => all.some((text) => text.startsWith(name)));
         },
@@ -132,14 +160,20 @@ export async function drop(page: Page, selector: string, ...paths: string[]): Pr
     const box = (await (await page.$(selector))!.boundingBox())!;
     const [x, y] = [box.x + box.width / 2, box.y + box.height / 2];
     const data = { items: [], files: paths, dragOperationsMask: 1 };
-    for (const type of ["dragEnter", "dragOver", "drop"] as const) await session.send("Input.dispatchDragEvent", { type, x, y, data });
+    for (const type of ["dragEnter", "dragOver", "drop"] as const)
+        await session.send("Input.dispatchDragEvent", { type, x, y, data });
     await session.detach();
 }
 
 export async function clear(page: Page): Promise<void> {
     await page.evaluate(() => {
         for (const each of document.querySelectorAll<HTMLElement>(".problem button")) each.click();
-        for (let each = document.querySelector<HTMLElement>(".set li button"); each !== null; each = document.querySelector<HTMLElement>(".set li button")) each.click();
+        for (
+            let each = document.querySelector<HTMLElement>(".set li button");
+            each !== null;
+            each = document.querySelector<HTMLElement>(".set li button")
+        )
+            each.click();
     });
     await page.waitForSelector("#content", { hidden: true });
 }
@@ -153,7 +187,9 @@ export function cells(page: Page, head: string): Promise<string[]> {
     return page.evaluate((wanted) => {
         const rows = [...document.querySelectorAll("#numbers tbody tr")];
         const row = rows.find((each) => each.querySelector("th")!.textContent === wanted);
-        return [...(row?.querySelectorAll("td") ?? [])].map((each) => each.textContent!.replaceAll("\u00a0", " "));
+        return [...(row?.querySelectorAll("td") ?? [])].map((each) =>
+            each.textContent!.replaceAll("\u00a0", " "),
+        );
     }, head);
 }
 
@@ -161,6 +197,11 @@ export function cells(page: Page, head: string): Promise<string[]> {
 export function places(page: Page): Promise<Record<string, { x: number; y: number }>> {
     return page.evaluate(() => {
         const labels = [...document.querySelectorAll<HTMLElement>("#labels > *")];
-        return Object.fromEntries(labels.map((each) => [each.textContent!, { x: parseFloat(each.style.left), y: parseFloat(each.style.top) }]));
+        return Object.fromEntries(
+            labels.map((each) => [
+                each.textContent!,
+                { x: parseFloat(each.style.left), y: parseFloat(each.style.top) },
+            ]),
+        );
     });
 }

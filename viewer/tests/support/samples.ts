@@ -57,12 +57,26 @@ export interface run {
     result: Uint8Array | undefined;
 }
 
-export function runTool(measuring: Uint8Array | undefined, platform: string, zoffset = "0", language = "english"): run {
+export function runTool(
+    measuring: Uint8Array | undefined,
+    platform: string,
+    zoffset = "0",
+    language = "english",
+): run {
     return inFolder((folder) => {
-        if (measuring !== undefined) writeFileSync(join(folder, `MeasuringData_${platform}.xml`), measuring);
+        if (measuring !== undefined)
+            writeFileSync(join(folder, `MeasuringData_${platform}.xml`), measuring);
         const out = join(folder, "answer.xml");
-        const switches = [`-out:${out}`, `-tavenfldr:${folder}`, `-platform:${platform}`, `-zoffset:${zoffset}`];
-        const ended = spawnSync(tool, ["-cmd:getncs", `-language:${language}`, ...switches], { input: "", env: { TZ: "UTC" } });
+        const switches = [
+            `-out:${out}`,
+            `-tavenfldr:${folder}`,
+            `-platform:${platform}`,
+            `-zoffset:${zoffset}`,
+        ];
+        const ended = spawnSync(tool, ["-cmd:getncs", `-language:${language}`, ...switches], {
+            input: "",
+            env: { TZ: "UTC" },
+        });
         if (ended.error !== undefined) throw ended.error;
         const result = ended.status === 1 ? new Uint8Array(readFileSync(out)) : undefined;
         return { code: ended.status ?? -1, report: ended.stderr.toString(), result };
@@ -78,4 +92,3 @@ export function resultOf(platform: string, zoffset: string): Uint8Array {
     if (result === undefined) throw new Error(`no result for ${platform}`);
     return result;
 }
-

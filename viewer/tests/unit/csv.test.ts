@@ -8,7 +8,8 @@ import { at, measured } from "../support/measurements";
 
 const points = [at(0, 20, 5), at(4000.5, 20, 5), at(4000.5, 0, 5), at(0, 0, 5)];
 const moved = points.map((each) => ({ ...each, z: each.z - 0.25 }));
-const speak = (code: string): (typeof languages)[number] => languages.find((each) => each.code === code)!;
+const speak = (code: string): (typeof languages)[number] =>
+    languages.find((each) => each.code === code)!;
 const head = { title: 'Platform "P", at', first: "Value", second: undefined };
 
 test("commas and points in English, one row for each number, with a mark in front", () => {

@@ -13,7 +13,10 @@ import type { frame } from "../../src/reading/resultDocument";
 import { at, measured, unitFrame } from "../support/measurements";
 
 function near(value: number | undefined, expected: number, tolerance: number, what = ""): void {
-    assert.ok(value !== undefined && Math.abs(value - expected) <= tolerance, `${what} ${value} is not ${expected}`);
+    assert.ok(
+        value !== undefined && Math.abs(value - expected) <= tolerance,
+        `${what} ${value} is not ${expected}`,
+    );
 }
 
 const p400: four<point> = [
@@ -38,19 +41,30 @@ const u = at(0.8, 0, 0.6);
 const v = at(0, 1, 0);
 const n = at(-0.6, 0, 0.8);
 function twisted(twist: number, middle = at(100, 200, 300)): four<point> {
-    const corner = (a: number, b: number, up: number): point => plus(plus(middle, times(u, a)), plus(times(v, b), times(n, up)));
-    return [corner(-10, 5, twist), corner(10, 5, -twist), corner(10, -5, twist), corner(-10, -5, -twist)];
+    const corner = (a: number, b: number, up: number): point =>
+        plus(plus(middle, times(u, a)), plus(times(v, b), times(n, up)));
+    return [
+        corner(-10, 5, twist),
+        corner(10, 5, -twist),
+        corner(10, -5, twist),
+        corner(-10, -5, -twist),
+    ];
 }
 
 test("deviations of a twisted rectangle are the twist, upwards positive", () => {
     const { fitted } = cornersOf(twisted(0.25));
-    [0.25, -0.25, 0.25, -0.25].forEach((expected, i) => near(fitted!.deviations[i], expected, 1e-12));
+    [0.25, -0.25, 0.25, -0.25].forEach((expected, i) =>
+        near(fitted!.deviations[i], expected, 1e-12),
+    );
     near(fitted!.plane.normal.x, -0.6, 1e-12);
     near(fitted!.plane.normal.z, 0.8, 1e-12);
 });
 
 test("points in one plane deviate by nothing, also where it is upright", () => {
-    for (const points of [p20, [at(0, 0, 10), at(0, 20, 10), at(0, 20, 0), at(0, 0, 0)] as four<point>]) {
+    for (const points of [
+        p20,
+        [at(0, 0, 10), at(0, 20, 10), at(0, 20, 0), at(0, 0, 0)] as four<point>,
+    ]) {
         for (const each of cornersOf(points).fitted!.deviations) near(each, 0, 1e-12);
     }
 });
@@ -62,7 +76,9 @@ test("the deviations of P400", () => {
 
 test("the unit of length does not matter for the plane", () => {
     const far = twisted(0.25).map((each) => times(each, 1e-6)) as four<point>;
-    cornersOf(far).fitted!.deviations.forEach((each, i) => near(each, (i % 2 === 0 ? 1 : -1) * 0.25e-6, 1e-17));
+    cornersOf(far).fitted!.deviations.forEach((each, i) =>
+        near(each, (i % 2 === 0 ? 1 : -1) * 0.25e-6, 1e-17),
+    );
 });
 
 test("points on one line or in one place have no plane", () => {
@@ -106,9 +122,12 @@ test("a square of half side L with axes off by an angle has corners L sqrt(2) si
     const [a, b] = [at(half, 0, 0), times(at(-Math.sin(skew), Math.cos(skew), 0), half)];
     const points: four<point> = [minus(b, a), plus(a, b), minus(a, b), times(plus(a, b), -1)];
     const got = cornersOf(points);
-    for (const each of got.fitted!.fromRectangle) near(each, half * Math.SQRT2 * Math.sin(skew / 2), 1e-12);
+    for (const each of got.fitted!.fromRectangle)
+        near(each, half * Math.SQRT2 * Math.sin(skew / 2), 1e-12);
     const degrees = (skew * 180) / Math.PI;
-    [-degrees, degrees, -degrees, degrees].forEach((expected, i) => near(got.angles[i], expected, 1e-10));
+    [-degrees, degrees, -degrees, degrees].forEach((expected, i) =>
+        near(got.angles[i], expected, 1e-10),
+    );
     // The diagonals of a rhombus: twice the side times the sines of half its angles.
     near(got.diagonals["1-3"], 40 * Math.sin(Math.PI / 4 + skew / 2), 1e-10);
     near(got.diagonals["2-4"], 40 * Math.cos(Math.PI / 4 + skew / 2), 1e-10);
@@ -185,7 +204,10 @@ test("what does not fit together or points down is a notice", () => {
     assert.deepEqual(keys(measured(p20, cs20)), []);
     assert.deepEqual(keys(measured(p20, { ...cs20, o: at(11.002, 6, 2) })), ["otherMeasurement"]);
     assert.deepEqual(keys(measured(p20, { ...cs20, o: at(11.0005, 6, 99) })), []);
-    assert.deepEqual(keys(measured(undefined, { ...unitFrame, y: at(0, -1, 0), z: at(0, 0, -1) })), ["pointsDown"]);
+    assert.deepEqual(
+        keys(measured(undefined, { ...unitFrame, y: at(0, -1, 0), z: at(0, 0, -1) })),
+        ["pointsDown"],
+    );
     assert.deepEqual(keys(measured([0, 1, 2, 3].map((i) => at(i, i, i)))), ["noPlane"]);
 });
 
@@ -193,7 +215,17 @@ function labels(rows: row[]): string[] {
     return [...new Set(rows.map(({ label }) => label))];
 }
 
-const fromPoints = ["cylinderX", "cylinderY", "cylinderZ", "deviation", "fromRectangle", "cornerAngle", "side", "diagonal", "diagonalDifference"];
+const fromPoints = [
+    "cylinderX",
+    "cylinderY",
+    "cylinderZ",
+    "deviation",
+    "fromRectangle",
+    "cornerAngle",
+    "side",
+    "diagonal",
+    "diagonalDifference",
+];
 const fromResult = ["tiltX", "tiltY", "rotationZ", "origin", "cs", "ncs"];
 
 test("without a result nothing is listed that needs it, without a measuring file likewise", () => {
@@ -205,7 +237,14 @@ test("without a result nothing is listed that needs it, without a measuring file
 
 test("points on a line are listed without deviations and angles", () => {
     const rows = rowsOf(measured([0, 1, 2, 3].map((i) => at(i, 0, 0))), undefined);
-    assert.deepEqual(labels(rows), ["cylinderX", "cylinderY", "cylinderZ", "side", "diagonal", "diagonalDifference"]);
+    assert.deepEqual(labels(rows), [
+        "cylinderX",
+        "cylinderY",
+        "cylinderZ",
+        "side",
+        "diagonal",
+        "diagonalDifference",
+    ]);
 });
 
 test("differences are second less first, and the shorter way round for a rotation", () => {
@@ -213,14 +252,18 @@ test("differences are second less first, and the shorter way round for a rotatio
         const [c, s] = [Math.cos((degrees * Math.PI) / 180), Math.sin((degrees * Math.PI) / 180)];
         return { o: at(0, 0, 0), x: at(c, s, 0), y: at(-s, c, 0), z: at(0, 0, 1) };
     };
-    const find = (rows: row[], label: string, detail?: string): row => rows.find((each) => each.label === label && each.detail === detail)!;
+    const find = (rows: row[], label: string, detail?: string): row =>
+        rows.find((each) => each.label === label && each.detail === detail)!;
     const rows = rowsOf(measured(undefined, turned(179)), measured(undefined, turned(-179)));
     near(find(rows, "rotationZ").difference, 2, 1e-9);
     const back = rowsOf(measured(undefined, turned(-179)), measured(undefined, turned(179)));
     near(find(back, "rotationZ").difference, -2, 1e-9);
 
     const moved = p20.map((each) => plus(each, at(0.5, 0, -0.25)));
-    const both = rowsOf(measured(p20, cs20), measured(moved, { ...cs20, o: plus(cs20.o, at(3, 0, 4)) }));
+    const both = rowsOf(
+        measured(p20, cs20),
+        measured(moved, { ...cs20, o: plus(cs20.o, at(3, 0, 4)) }),
+    );
     near(find(both, "cylinderX", "1").difference, 0.5, 1e-12);
     near(find(both, "cylinderZ", "4").difference, -0.25, 1e-12);
     near(find(both, "deviation", "2").difference, 0, 1e-12);
@@ -233,5 +276,9 @@ test("the angle between two Z axes is that of the tilt between them", () => {
     const [c, s] = [Math.cos(1e-6), Math.sin(1e-6)];
     const tilted: frame = { ...unitFrame, y: at(0, c, s), z: at(0, -s, c) };
     const rows = rowsOf(measured(undefined, unitFrame), measured(undefined, tilted));
-    near(rows.find(({ label }) => label === "normalsApart")!.difference, (1e-6 * 180) / Math.PI, 1e-15);
+    near(
+        rows.find(({ label }) => label === "normalsApart")!.difference,
+        (1e-6 * 180) / Math.PI,
+        1e-15,
+    );
 });

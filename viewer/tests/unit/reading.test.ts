@@ -9,7 +9,10 @@ import { isProblem, readFile } from "../../src/reading/readFile";
 import type { resultDocument } from "../../src/reading/resultDocument";
 import { axis, bytesOf, measuringText, pointElement, square, utf16 } from "../support/samples";
 
-async function read(from: string | Uint8Array, name = "MeasuringData_P.xml"): Promise<measuringFile> {
+async function read(
+    from: string | Uint8Array,
+    name = "MeasuringData_P.xml",
+): Promise<measuringFile> {
     const got = await readFile(typeof from === "string" ? bytesOf(from) : from, name);
     assert.ok(!isProblem(got) && got.kind === "measuring", JSON.stringify(got));
     return got;
@@ -62,27 +65,61 @@ test("both encodings are read, with mark and UTF-8 without", async () => {
 test("letters outside ASCII arrive in every encoding", async () => {
     const named = measuringText(square, "Größe");
     const single = new Uint8Array(Buffer.from(named.replace("UTF-8", "ISO-8859-1"), "latin1"));
-    for (const bytes of [bytesOf(named), utf16(named), single]) assert.equal((await read(bytes)).platform, "Größe");
+    for (const bytes of [bytesOf(named), utf16(named), single])
+        assert.equal((await read(bytes)).platform, "Größe");
 });
 
 test("names of elements count in any case, and the root may have any name", async () => {
-    const shouted = good.replaceAll("MeasuringPoint", "MEASURINGPOINT").replaceAll("<Axis", "<aXiS").replaceAll("</Axis", "</aXiS");
+    const shouted = good
+        .replaceAll("MeasuringPoint", "MEASURINGPOINT")
+        .replaceAll("<Axis", "<aXiS")
+        .replaceAll("</Axis", "</aXiS");
     assert.deepEqual((await read(shouted)).cylinders, square);
     assert.deepEqual((await read(good.replaceAll("MeasuringData", "Whatever"))).cylinders, square);
 });
 
 test("names of attributes and of cylinders count as they are written", async () => {
-    assert.equal((await refused(good.replace('Name="cylinder1"', 'Name="Cylinder1"'))).key, "unknownPoint");
-    assert.equal((await refused(good.replace('Name="cylinder1"', 'name="cylinder1"'))).key, "unknownPoint");
-    assert.equal((await refused(good.replace('PlatformName="P"', 'platformname="P"'))).key, "noPlatformName");
+    assert.equal(
+        (await refused(good.replace('Name="cylinder1"', 'Name="Cylinder1"'))).key,
+        "unknownPoint",
+    );
+    assert.equal(
+        (await refused(good.replace('Name="cylinder1"', 'name="cylinder1"'))).key,
+        "unknownPoint",
+    );
+    assert.equal(
+        (await refused(good.replace('PlatformName="P"', 'platformname="P"'))).key,
+        "noPlatformName",
+    );
 });
 
 test("numbers are read from their front with a point or a comma", () => {
     const rows: [string, number | undefined][] = [
-        ["12.5", 12.5], ["12,5", 12.5], ["12,5 mm", 12.5], ["12.5mm", 12.5], ["\n 7", 7], ["1.25e2", 125],
-        ["1,234.5", 1.234], ["-3", -3], ["+3", 3], [".5", 0.5], ["5.", 5], ["1e", 1], ["0x1F", 31], ["0x.8p1", 1],
-        ["0xg", 0], ["1e400", Infinity], ["inf", Infinity], ["-infinity", -Infinity], ["nan", NaN],
-        ["", undefined], ["mm 5", undefined], ["- 5", undefined], ["--5", undefined], ["e5", undefined], [".", undefined],
+        ["12.5", 12.5],
+        ["12,5", 12.5],
+        ["12,5 mm", 12.5],
+        ["12.5mm", 12.5],
+        ["\n 7", 7],
+        ["1.25e2", 125],
+        ["1,234.5", 1.234],
+        ["-3", -3],
+        ["+3", 3],
+        [".5", 0.5],
+        ["5.", 5],
+        ["1e", 1],
+        ["0x1F", 31],
+        ["0x.8p1", 1],
+        ["0xg", 0],
+        ["1e400", Infinity],
+        ["inf", Infinity],
+        ["-infinity", -Infinity],
+        ["nan", NaN],
+        ["", undefined],
+        ["mm 5", undefined],
+        ["- 5", undefined],
+        ["--5", undefined],
+        ["e5", undefined],
+        [".", undefined],
     ];
     for (const [text, value] of rows) assert.equal(readNumber(text), value, text);
 });
@@ -90,7 +127,10 @@ test("numbers are read from their front with a point or a comma", () => {
 test("of two axes or points of one name the last counts, and a point is replaced whole", async () => {
     const twice = good.replace(axis("X", 0), axis("X", 99) + axis("x", 0));
     assert.deepEqual((await read(twice)).cylinders, square);
-    const again = good.replace("</MeasuringData>", pointElement("cylinder2", { x: 7, y: 8, z: 9 }) + "</MeasuringData>");
+    const again = good.replace(
+        "</MeasuringData>",
+        pointElement("cylinder2", { x: 7, y: 8, z: 9 }) + "</MeasuringData>",
+    );
     const got = await read(again);
     assert.deepEqual(got.cylinders[1], { x: 7, y: 8, z: 9 });
     assert.deepEqual(got.notices, [{ key: "pointTwice", values: { name: "cylinder2" } }]);
@@ -98,13 +138,18 @@ test("of two axes or points of one name the last counts, and a point is replaced
 
 test("other elements, other axes, comments and any order are passed over", async () => {
     const points = square.map((each, i) => pointElement(`cylinder${i + 1}`, each)).reverse();
-    const mixed = `<r PlatformName="P"><!-- c --><Other/>${points.join("<?p?>")}</r>`.replace(axis("X", 0), axis("W", "w") + axis("X", 0));
+    const mixed = `<r PlatformName="P"><!-- c --><Other/>${points.join("<?p?>")}</r>`.replace(
+        axis("X", 0),
+        axis("W", "w") + axis("X", 0),
+    );
     assert.deepEqual((await read(mixed)).cylinders, square);
 });
 
 test("a file whose name tells another platform is shown with a notice", async () => {
     const got = await read(good, "MeasuringData_Q.xml");
-    assert.deepEqual(got.notices, [{ key: "otherPlatform", values: { platform: "P", expected: "Q" } }]);
+    assert.deepEqual(got.notices, [
+        { key: "otherPlatform", values: { platform: "P", expected: "Q" } },
+    ]);
     assert.deepEqual((await read(good, "copy of P.xml")).notices, []);
 });
 
@@ -132,7 +177,11 @@ test("what is wrong is told with its line and column", async () => {
     ];
     for (const [text, key, line, column] of rows) {
         const got = await refused(text);
-        assert.deepEqual({ key: got.key, place: got.place }, { key, place: { line, column } }, text);
+        assert.deepEqual(
+            { key: got.key, place: got.place },
+            { key, place: { line, column } },
+            text,
+        );
     }
 });
 
@@ -172,12 +221,21 @@ test("every file that is cut off anywhere is read or refused with a sentence", a
 
 test("entities are resolved in passes until nothing changes", () => {
     const rows: [string, string][] = [
-        ["&lt;&gt;&amp;&quot;&apos;", "<>&\"'"], ["&amp;lt;", "<"], ["&amp;amp;amp;", "&"], ["&#x41;", "A"],
-        ["&#xE4;&#xe4;", "ää"], ["&#x4G;", "\u0004"], ["&#x0;", ""], ["&#65;", "&#65;"], ["&foo;", "&foo;"], ["a&b", "a&b"],
+        ["&lt;&gt;&amp;&quot;&apos;", "<>&\"'"],
+        ["&amp;lt;", "<"],
+        ["&amp;amp;amp;", "&"],
+        ["&#x41;", "A"],
+        ["&#xE4;&#xe4;", "ää"],
+        ["&#x4G;", "\u0004"],
+        ["&#x0;", ""],
+        ["&#65;", "&#65;"],
+        ["&foo;", "&foo;"],
+        ["a&b", "a&b"],
         ["&#x26;lt;", "<"],
     ];
     for (const [text, decoded] of rows) assert.equal(decodeEntities(text, 0), decoded, text);
-    for (const text of ["&#x1234;", "&#x;", "&#x4"]) assert.throws(() => decodeEntities(text, 0), { message: "endlessReference" });
+    for (const text of ["&#x1234;", "&#x;", "&#x4"])
+        assert.throws(() => decodeEntities(text, 0), { message: "endlessReference" });
 });
 
 test("text escaped a million times over is given up, not waited for", async () => {
@@ -198,7 +256,11 @@ test("ten megabytes of anything are read in steps that let the page answer", asy
     ];
     for (const [bytes, key] of rows) {
         let breaths = 0;
-        const got = await readFile(typeof bytes === "string" ? bytesOf(bytes) : bytes, "x.xml", async () => void ++breaths);
+        const got = await readFile(
+            typeof bytes === "string" ? bytesOf(bytes) : bytes,
+            "x.xml",
+            async () => void ++breaths,
+        );
         assert.ok(isProblem(got));
         if (key !== "noElement") assert.equal(got.key, key);
         if (key === "elementCutOff") assert.ok(breaths > 1000, `${breaths} breaths`);
@@ -209,13 +271,23 @@ test("a result document gives its message and both coordinate systems as they st
     const got = await result(goodResult);
     assert.deepEqual([got.type, got.title, got.message], ["confirm", "T", "M"]);
     assert.deepEqual(got.frames?.cs.o, { x: 1, y: 2, z: 3 });
-    assert.deepEqual(got.frames?.ncs, { o: { x: -1, y: -2, z: -3 }, x: { x: 1, y: 0, z: 0 }, y: { x: 0, y: 1, z: 0 }, z: { x: 0, y: 0, z: 1 } });
+    assert.deepEqual(got.frames?.ncs, {
+        o: { x: -1, y: -2, z: -3 },
+        x: { x: 1, y: 0, z: 0 },
+        y: { x: 0, y: 1, z: 0 },
+        z: { x: 0, y: 0, z: 1 },
+    });
     assert.deepEqual(got.notices, []);
 });
 
 test("an error document gives its message with its line feeds", async () => {
-    const got = await result('<GETNCSRESULT><Message type="error" title="T">no &quot;P&quot;!\nMeasure.</Message></GETNCSRESULT>');
-    assert.deepEqual([got.type, got.message, got.frames], ["error", 'no "P"!\nMeasure.', undefined]);
+    const got = await result(
+        '<GETNCSRESULT><Message type="error" title="T">no &quot;P&quot;!\nMeasure.</Message></GETNCSRESULT>',
+    );
+    assert.deepEqual(
+        [got.type, got.message, got.frames],
+        ["error", 'no "P"!\nMeasure.', undefined],
+    );
 });
 
 test("a result document that lacks something is refused with what it lacks", async () => {
@@ -224,11 +296,31 @@ test("a result document that lacks something is refused with what it lacks", asy
         [goodResult.replace("confirm", "other"), "unknownType", { type: "other" }],
         [goodResult.replace("<cs ", "<c "), "elementMissing", { element: "cs" }],
         [goodResult.replace("<ncs ", "<n "), "elementMissing", { element: "ncs" }],
-        [goodResult.replace('o="1,2,3"', 'o="1,2"'), "noCoordinates", { element: "cs", attribute: "o", text: "1,2" }],
-        [goodResult.replace('o="1,2,3"', 'o="1,2,x"'), "noCoordinates", { element: "cs", attribute: "o", text: "1,2,x" }],
-        [goodResult.replace('o="1,2,3"', ""), "noCoordinates", { element: "cs", attribute: "o", text: "" }],
-        [goodResult.replace('o="1,2,3"', 'o="1,2,inf"'), "coordinatesNotFinite", { element: "cs", attribute: "o", text: "1,2,inf" }],
-        [goodResult.replace('o="-1', 'o="-nan'), "coordinatesNotFinite", { element: "ncs", attribute: "o", text: "-nan,-2,-3" }],
+        [
+            goodResult.replace('o="1,2,3"', 'o="1,2"'),
+            "noCoordinates",
+            { element: "cs", attribute: "o", text: "1,2" },
+        ],
+        [
+            goodResult.replace('o="1,2,3"', 'o="1,2,x"'),
+            "noCoordinates",
+            { element: "cs", attribute: "o", text: "1,2,x" },
+        ],
+        [
+            goodResult.replace('o="1,2,3"', ""),
+            "noCoordinates",
+            { element: "cs", attribute: "o", text: "" },
+        ],
+        [
+            goodResult.replace('o="1,2,3"', 'o="1,2,inf"'),
+            "coordinatesNotFinite",
+            { element: "cs", attribute: "o", text: "1,2,inf" },
+        ],
+        [
+            goodResult.replace('o="-1', 'o="-nan'),
+            "coordinatesNotFinite",
+            { element: "ncs", attribute: "o", text: "-nan,-2,-3" },
+        ],
     ];
     for (const [text, key, values] of rows) {
         const got = await refused(text);
@@ -237,8 +329,14 @@ test("a result document that lacks something is refused with what it lacks", asy
 });
 
 test("a result whose axes or whose inverse can't be the tool's is shown with a notice", async () => {
-    const skewed = goodResult.replace(frameAttributes, frameAttributes.replace('y="0,1,0"', 'y="0.1,1,0"'));
-    assert.deepEqual((await result(skewed)).notices, [{ key: "axesNotSquare", values: { element: "cs" } }, { key: "notInverse" }]);
+    const skewed = goodResult.replace(
+        frameAttributes,
+        frameAttributes.replace('y="0,1,0"', 'y="0.1,1,0"'),
+    );
+    assert.deepEqual((await result(skewed)).notices, [
+        { key: "axesNotSquare", values: { element: "cs" } },
+        { key: "notInverse" },
+    ]);
     const moved = goodResult.replace('o="-1,-2,-3"', 'o="-1,-2,-4"');
     assert.deepEqual((await result(moved)).notices, [{ key: "notInverse" }]);
 });

@@ -6,7 +6,17 @@ import { measurementOf } from "../../src/numbers/measurement";
 import { mean } from "../../src/numbers/vector";
 import type { textKey } from "../../src/texts/english";
 import { isProblem, readFile } from "../../src/reading/readFile";
-import { axis, bytesOf, example, measuringText, pointElement, resultOf, runTool, square, utf16 } from "../support/samples";
+import {
+    axis,
+    bytesOf,
+    example,
+    measuringText,
+    pointElement,
+    resultOf,
+    runTool,
+    square,
+    utf16,
+} from "../support/samples";
 
 const uneven = square.map(({ x, y, z }, i) => ({ x: x + i / 8, y: y + i * i, z: z + i / 4 }));
 const good = measuringText(uneven);
@@ -34,16 +44,37 @@ const files: [name: string, content: string | Uint8Array][] = [
     ["a second root", good + good],
     ["junk behind the root", good + "<<<"],
     ["a document type", good.replace("?>\n", '?>\n<!DOCTYPE r SYSTEM "x.dtd">\n')],
-    ["a document type with a subset", good.replace("?>\n", "?>\n<!DOCTYPE r [ <!ELEMENT a (b)> ]>\n")],
-    ["elements in capitals", good.replaceAll("MeasuringPoint", "MEASURINGPOINT").replaceAll("Axis", "AXIS")],
+    [
+        "a document type with a subset",
+        good.replace("?>\n", "?>\n<!DOCTYPE r [ <!ELEMENT a (b)> ]>\n"),
+    ],
+    [
+        "elements in capitals",
+        good.replaceAll("MeasuringPoint", "MEASURINGPOINT").replaceAll("Axis", "AXIS"),
+    ],
     ["another root", good.replaceAll("MeasuringData", "x")],
     ["an axis in lower case", good.replace('Name="X"', 'Name="x"')],
-    ["an unknown axis besides", good.replace(first, first.replace(axis("X", 0), axis("W", "?") + axis("X", 0)))],
+    [
+        "an unknown axis besides",
+        good.replace(first, first.replace(axis("X", 0), axis("W", "?") + axis("X", 0))),
+    ],
     ["an axis twice", good.replace(axis("X", 0), axis("X", 3) + axis("x", 4))],
-    ["an axis twice, the first without number", good.replace(axis("X", 0), axis("X", "?") + axis("x", 4))],
+    [
+        "an axis twice, the first without number",
+        good.replace(axis("X", 0), axis("X", "?") + axis("x", 4)),
+    ],
     ["a point twice", good.replace(first, pointElement("cylinder1", { x: 1, y: 2, z: 3 }) + first)],
-    ["a point twice, the second incomplete", good.replace("</MeasuringData>", '<MeasuringPoint Name="cylinder1"/></MeasuringData>')],
-    ["a fifth point", good.replace("</MeasuringData>", pointElement("cylinder5", uneven[0]!) + "</MeasuringData>")],
+    [
+        "a point twice, the second incomplete",
+        good.replace("</MeasuringData>", '<MeasuringPoint Name="cylinder1"/></MeasuringData>'),
+    ],
+    [
+        "a fifth point",
+        good.replace(
+            "</MeasuringData>",
+            pointElement("cylinder5", uneven[0]!) + "</MeasuringData>",
+        ),
+    ],
     ["a point without name", good.replace(' Name="cylinder1"', "")],
     ["a point in another case", good.replace("cylinder1", "Cylinder1")],
     ["three points", good.replace(first, "")],
@@ -53,9 +84,17 @@ const files: [name: string, content: string | Uint8Array][] = [
     ["a point in a point", good.replace(first, `<other>${first}</other>`)],
     ["no platform", good.replace(' PlatformName="P"', "")],
     ["single quotes", good.replaceAll(/="([^"]*)"/g, "='$1'")],
-    ["blanks in tags", good.replaceAll("<Axis ", "< Axis  \n").replaceAll("</MeasuringPoint>", "< / MeasuringPoint >")],
+    [
+        "blanks in tags",
+        good
+            .replaceAll("<Axis ", "< Axis  \n")
+            .replaceAll("</MeasuringPoint>", "< / MeasuringPoint >"),
+    ],
     ["attributes without blanks", good.replace('PlatformName="P" ', 'a="1"PlatformName="P"')],
-    ["an attribute without value in front of another", good.replace(" PlatformName", " lost PlatformName")],
+    [
+        "an attribute without value in front of another",
+        good.replace(" PlatformName", " lost PlatformName"),
+    ],
     ["a comment in an axis", withX("<!-- c -->12")],
     ["a child in an axis", withX("12<b/>")],
     ["text on its own line", withX("\n   12\n")],
@@ -95,10 +134,25 @@ const files: [name: string, content: string | Uint8Array][] = [
 
 // For each report of the tool what the page may say.
 const parsing: textKey[] = [
-    "tagCutOff", "slashInTag", "attributeWithoutValue", "valueWithoutQuote", "valueCutOff", "elementCutOff", "otherClosingTag",
-    "utf16WithoutMark", "noText",
+    "tagCutOff",
+    "slashInTag",
+    "attributeWithoutValue",
+    "valueWithoutQuote",
+    "valueCutOff",
+    "elementCutOff",
+    "otherClosingTag",
+    "utf16WithoutMark",
+    "noText",
 ];
-const otherPlatform: textKey[] = ["noPlatformName", "neitherFile", "noElement", "declaredUtf16", "utf16BigEndian", "fileEmpty", "noTextFile"];
+const otherPlatform: textKey[] = [
+    "noPlatformName",
+    "neitherFile",
+    "noElement",
+    "declaredUtf16",
+    "utf16BigEndian",
+    "fileEmpty",
+    "noTextFile",
+];
 const reasons: [report: RegExp, keys: textKey[]][] = [
     [/^Error parsing file/, parsing],
     [/doesn't contain data from platform/, otherPlatform],
@@ -115,12 +169,18 @@ for (const [name, content] of files) {
         const ended = runTool(bytes, "P");
         const got = await readFile(bytes, "MeasuringData_P.xml");
         if (ended.result !== undefined) {
-            assert.ok(!isProblem(got) && got.kind === "measuring", `the tool reads it, the page says ${JSON.stringify(got)}`);
+            assert.ok(
+                !isProblem(got) && got.kind === "measuring",
+                `the tool reads it, the page says ${JSON.stringify(got)}`,
+            );
             const answer = await readFile(ended.result, "answer.xml");
-            assert.ok(!isProblem(answer) && answer.kind === "result" && answer.frames !== undefined);
+            assert.ok(
+                !isProblem(answer) && answer.kind === "result" && answer.frames !== undefined,
+            );
             const middle = mean(got.cylinders);
             const { o } = answer.frames.cs;
-            for (const each of ["x", "y", "z"] as const) assert.ok(Math.abs(o[each] - middle[each]) < 1e-7, each);
+            for (const each of ["x", "y", "z"] as const)
+                assert.ok(Math.abs(o[each] - middle[each]) < 1e-7, each);
             return;
         }
         assert.equal(ended.code, 0);
@@ -141,7 +201,12 @@ test("the results of both examples are read with nothing to note", async () => {
     for (const platform of ["P20", "P400"]) {
         const measuring = await readFile(example(platform), `MeasuringData_${platform}.xml`);
         const result = await readFile(resultOf(platform, "0.35"), "result.xml");
-        assert.ok(!isProblem(measuring) && measuring.kind === "measuring" && !isProblem(result) && result.kind === "result");
+        assert.ok(
+            !isProblem(measuring) &&
+                measuring.kind === "measuring" &&
+                !isProblem(result) &&
+                result.kind === "result",
+        );
         const made = measurementOf(measuring, result);
         assert.deepEqual(made.notices, []);
         assert.ok(Math.abs(made.heightOffset! - 0.35) < 1e-8);
@@ -149,7 +214,10 @@ test("the results of both examples are read with nothing to note", async () => {
 });
 
 test("an offset of three hundred digits is read to the last", async () => {
-    const got = await readFile(runTool(bytesOf(measuringText(square)), "P", "1e300").result!, "result.xml");
+    const got = await readFile(
+        runTool(bytesOf(measuringText(square)), "P", "1e300").result!,
+        "result.xml",
+    );
     assert.ok(!isProblem(got) && got.kind === "result");
     assert.equal(got.frames?.cs.o.z, 1e300);
 });
@@ -162,8 +230,21 @@ test("the tool's error document is read with its message", async () => {
 });
 
 test("a result document of the tool is read in every language", async () => {
-    for (const language of ["english", "german", "french", "italian", "spanish", "polish", "czech", "japanese", "chinese"]) {
-        const got = await readFile(runTool(example("P20"), "P20", "0", language).result!, "result.xml");
+    for (const language of [
+        "english",
+        "german",
+        "french",
+        "italian",
+        "spanish",
+        "polish",
+        "czech",
+        "japanese",
+        "chinese",
+    ]) {
+        const got = await readFile(
+            runTool(example("P20"), "P20", "0", language).result!,
+            "result.xml",
+        );
         assert.ok(!isProblem(got) && got.kind === "result", language);
         assert.match(got.message, /P20/, language);
     }
