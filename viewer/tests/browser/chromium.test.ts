@@ -809,9 +809,7 @@ test("the accessibility checker finds nothing, light and dark, in every state", 
             const run = (
                 window as unknown as {
                     axe: {
-                        run: (
-                            options: object,
-                        ) => Promise<{
+                        run: (options: object) => Promise<{
                             violations: {
                                 id: string;
                                 nodes: { html: string; failureSummary: string }[];
