@@ -8,7 +8,7 @@
 #   elsewhere         all unit tests in another time zone and language
 #   threads.LOCALE.*  what several threads do at once
 #   sources.PART      layout, layers, headers, scripts
-#   consumer, callers, documents, needs...
+#   consumer, callers, documents, viewer, packages, needs...
 #
 # `installed`, `locales` and `windows` are fixtures: CTest runs them before what needs them.
 include(GoogleTest)
@@ -118,6 +118,11 @@ endforeach()
 orlo_script_test(consumer installed ${scripts}/check-consumer native ${installed})
 orlo_script_test(callers installed ${scripts}/check-callers ${tool})
 orlo_script_test(documents installed ${scripts}/check-docs ${tool})
+orlo_script_test(viewer installed ${scripts}/check-viewer ${tool})
+# Both build what they look into, and the packages hold the page that the viewer's test makes.
+orlo_script_test(packages "" ${scripts}/check-packages --twice)
+set_tests_properties(viewer packages PROPERTIES TIMEOUT 3000)
+set_tests_properties(packages PROPERTIES DEPENDS viewer)
 foreach(part layout layers headers scripts)
   orlo_script_test(sources.${part} "" ${scripts}/check-sources ${part})
 endforeach()
