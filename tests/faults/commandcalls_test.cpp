@@ -242,12 +242,15 @@ std::optional<traces> whereSavingFails(const madeCall& call, const std::string& 
 traces afterAsking(const madeCall& call, const answers& given)
 {
     const string unusable = string(u"Error parsing file \"") + asking::measuringPath + u"\" ";
+    const string dataMissing = string(u"File \"") + asking::measuringPath +
+                               u"\" doesn't contain data from platform \"P1\"";
 
     if (asksFor(call, u"C:\\out\\") || asksFor(call, tavenFolder)) return tracesNow(0);
-    // Asked for existence, then for its size by the load.
-    if (asksFor(call, asking::measuringPath))
-        return call.nth > 1 ? tracesNow(0, {unusable})
-                            : answered(errorDocument(given.title, measureNotFoundText));
+    // Asked for existence, by the load once more, and for its size, without which it is empty.
+    if (asksFor(call, asking::measuringPath)) {
+        if (call.nth == 1) return answered(errorDocument(given.title, measureNotFoundText));
+        return tracesNow(0, {call.nth == 2 ? unusable : dataMissing});
+    }
     const bool loads =
         call.operation == "openFile" && call.subject == narrow(asking::measuringPath);
     if (loads || call.operation == "readFile") return tracesNow(0, {unusable});

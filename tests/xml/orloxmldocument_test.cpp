@@ -129,11 +129,12 @@ TEST_F(xmlLoad, handsKeepWhitespaceDown)
     EXPECT_EQ(document->text, u"");
 }
 
-TEST_F(xmlLoad, asksForTheFileOnceAndReadsItOnce)
+TEST_F(xmlLoad, asksForExistenceThenForTheSizeAndReadsTheFileOnce)
 {
     here.addFile(path, "<a/>");
     load();
-    for (const char* const operation : {"queryStatus", "openFile", "readFile", "closeFile"})
+    EXPECT_EQ(here.countCalls("queryStatus"), 2u);
+    for (const char* const operation : {"openFile", "readFile", "closeFile"})
         EXPECT_EQ(here.countCalls(operation), 1u) << operation;
 }
 

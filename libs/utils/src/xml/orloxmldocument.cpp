@@ -21,15 +21,6 @@ namespace orlo {
 
 namespace {
 
-// The size of an existing file. Only its low 32 bits count, with their sign.
-std::int32_t existingSize(const file& source)
-{
-    fileStatus status;
-    if (!source.stat(status) || (status.mode & fileStatus::directoryBit) != 0)
-        throw fileNotFoundException(source);
-    return static_cast<std::int32_t>(status.size);
-}
-
 // No memory holds a negative size.
 fileContent readWhole(const file& source, std::int32_t size)
 {
@@ -145,7 +136,8 @@ refptr<xmlDocument> xmlDocument::createDocument()
 
 void xmlDocument::load(const file& source, bool keepWhitespace)
 {
-    const std::int32_t size = existingSize(source);
+    if (!source.exists()) throw fileNotFoundException(source);
+    const std::int32_t size = source.size();
     if (size == 0) return;
     const fileContent content = readWhole(source, size);
     try {
