@@ -103,18 +103,19 @@ bool searchPath::findFile(const string& name, file& out, bool recursive) const
 
 void searchPath::parse(const string& text, const directory& base, char16_t delimiter)
 {
-    // A copy, as the base may be an entry of this list, which grows.
-    const directory from(base);
     std::vector<string> pieces;
     text.split(std::u16string_view(&delimiter, 1), pieces);
+    // Added at the end, as the base may be an entry of this list, which grows.
+    std::vector<directory> found;
     for (string& piece : pieces) {
         piece.trimLeft(blanks).trimRight(blanks);
         if (piece.empty()) continue;
         // Any leading dot counts, that of ".hidden" too.
-        const directory entry = piece[0] == u'.' ? directory(from.path(), piece)
-                                                 : directory(normalizePath(piece, false));
-        if (entry.exists()) addDirectory(entry);
+        directory entry = piece[0] == u'.' ? directory(base.path(), piece)
+                                           : directory(normalizePath(piece, false));
+        if (entry.exists()) found.push_back(std::move(entry));
     }
+    for (const directory& entry : found) addDirectory(entry);
 }
 
 namespace {
