@@ -37,7 +37,8 @@ if(ORLO_SANITIZE STREQUAL "thread")
   foreach(locale C C.UTF-8)
     orlo_add_suites(orlo_thread_tests PREFIX threads.${locale}. RUNNER ${CMAKE_COMMAND} -E env
       LC_ALL=${locale} TSAN_OPTIONS=suppressions=${CMAKE_CURRENT_SOURCE_DIR}/threads/suppressions
-      PROPERTIES TIMEOUT ${patience})
+      # Their files lie beside the program, which both locales share.
+      PROPERTIES TIMEOUT ${patience} RESOURCE_LOCK folder)
   endforeach()
   return()
 endif()
@@ -49,6 +50,10 @@ if(WIN32)
   set(unit_properties FIXTURES_REQUIRED windows)
 endif()
 foreach(target orlo_tests orlo_system_tests)
+  if(WIN32 AND target STREQUAL "orlo_system_tests")
+    # These show boxes of their own, which nobody else may answer.
+    list(APPEND unit_properties RESOURCE_LOCK desktop)
+  endif()
   if(WIN32 OR ORLO_SANITIZE OR NOT counted EQUAL -1)
     orlo_add_suites(${target} PROPERTIES TIMEOUT ${patience} ${unit_properties})
   else()
@@ -60,7 +65,8 @@ endforeach()
 orlo_fixture(installed ${CMAKE_COMMAND} -D build=${PROJECT_BINARY_DIR} -D prefix=${installed}
   -D tool=${tool} -D checker=${checker} -P ${CMAKE_CURRENT_SOURCE_DIR}/installed.cmake)
 
-# Whole runs; on Windows each answers the boxes of one desktop, so that one runs at a time.
+# Whole runs; on Windows each answers the boxes of one desktop, so that one runs at a time, and
+# beside no test that shows a box.
 set(run python3 ${CMAKE_CURRENT_SOURCE_DIR}/runs/whole_run.py --tool ${tool}
   --installed ${installed} --locales ${PROJECT_BINARY_DIR}/locales)
 if(WIN32)
