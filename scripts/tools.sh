@@ -27,6 +27,7 @@ declare -A proofOf=(
     [ninja-build]=ninja
     [nodejs]=node
     [npm]=npm
+    [optipng]=optipng
     [python3]=python3
     [shellcheck]=shellcheck
     [wine64]=/usr/lib/wine/wine64

@@ -242,28 +242,37 @@ void prependHexadecimal(string& to, std::uint64_t bits, std::u16string_view digi
 }
 
 // Zeros that fill up the width stand before the sign: files with such numbers exist.
-template <integer Value>
-void writeDecimal(string& to, Value value, int width)
+void writeDecimal(string& to, std::uint64_t bits, bool negative, int width)
 {
     char digits[24];
-    const char* end = std::to_chars(std::begin(digits), std::end(digits), value).ptr;
+    char* const number = negative ? digits + 1 : digits;
+    digits[0] = '-';
+    const char* const end = std::to_chars(number, std::end(digits), negative ? -bits : bits).ptr;
     const std::ptrdiff_t length = end - digits;
     to.assign(static_cast<std::size_t>(std::max<std::ptrdiff_t>(width, length)), u'0');
     std::copy(std::cbegin(digits), end, to.end() - length);
+}
+
+// `bits` are those of the number, continued by its sign.
+void writeInteger(string& to, std::uint64_t bits, bool negative, unsigned flags,
+                  const argumentList& arguments)
+{
+    const bool hasFormat = (flags & formatGiven) != 0;
+    const int format = hasFormat ? arguments.at(0, 0) : 0;
+    if (format == hexUpper)
+        prependHexadecimal(to, bits, u"0123456789ABCDEF");
+    else if (format == hexLower)
+        prependHexadecimal(to, bits, u"0123456789abcdef");
+    else
+        writeDecimal(to, bits, negative,
+                     (flags & widthGiven) != 0 ? arguments.at(hasFormat ? 1 : 0, 1) : 1);
 }
 
 template <integer From>
 bool writeText(string& to, From from, unsigned flags, const argumentList& arguments)
 {
     const auto value = static_cast<rangeOf<From>>(from);
-    const bool hasFormat = (flags & formatGiven) != 0;
-    const int format = hasFormat ? arguments.at(0, 0) : 0;
-    if (format == hexUpper)
-        prependHexadecimal(to, static_cast<std::uint64_t>(value), u"0123456789ABCDEF");
-    else if (format == hexLower)
-        prependHexadecimal(to, static_cast<std::uint64_t>(value), u"0123456789abcdef");
-    else
-        writeDecimal(to, value, (flags & widthGiven) != 0 ? arguments.at(hasFormat ? 1 : 0, 1) : 1);
+    writeInteger(to, static_cast<std::uint64_t>(value), std::cmp_less(value, 0), flags, arguments);
     return true;
 }
 
