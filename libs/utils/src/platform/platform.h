@@ -127,6 +127,9 @@ void showMessageBox(window owner, const char16_t* text, const char16_t* title, s
 // Tells that a block is about to be filled from end to end: the system may then give its pages
 // many at a time. Changes nothing of what the block holds.
 void expectFilling(void* block, std::size_t size);
+// Tells that many small blocks will be taken from the heap, of about `size` bytes in all: it may
+// then grow at once, and by large pages. Takes nothing, and a heap without memory is not noticed.
+void expectAllocations(std::size_t size);
 
 // Large blocks stand and end where the large pages of usual systems do, which cost a fifth of what
 // the same room costs in small ones.

@@ -15,6 +15,7 @@
 #include "orloxmlentities.h"
 #include "platform/platform.h"
 #include "text/unitset.h"
+#include "xml/heapforecast.h"
 #include "xml/slotblocks.h"
 
 #include <cstddef>
@@ -85,6 +86,7 @@ private:
     void storeText(Node& node, place begin, place end);
     static void store(string& to, std::u16string_view units);
     std::u16string_view decoded(place begin, place end);
+    void foresee(std::size_t bytes, place at);
     void closeElement();
     void addChild(nodePointer child);
     static void takeChildren(const openElement& from);
@@ -93,6 +95,7 @@ private:
     Source m_source;
     bool m_keepWhitespace;
     slotBlocks m_nodes{sizeof(Node)};
+    heapForecast m_heap;
     std::vector<openElement> m_open;
     std::vector<rawAttribute> m_attributes; // of the tag that is being read
     string m_decoded;                       // room to work in
@@ -295,6 +298,7 @@ void treeReader<Node, Source>::addAttributes(Node& node)
 {
     if (m_attributes.empty()) return;
     node.attributes.reserve(node.attributes.size() + m_attributes.size());
+    foresee(m_attributes.size() * sizeof node.attributes[0], m_attributes.back().valueEnd);
     for (const rawAttribute& each : m_attributes) {
         auto& [name, value] = node.attributes.emplace_back();
         store(name, m_source.units(each.name, each.nameEnd, m_decoded));
@@ -340,6 +344,7 @@ void treeReader<Node, Source>::storeText(Node& node, place begin, place end)
     };
     while (begin != end && isTrimmed(begin)) ++begin;
     while (begin != end && isTrimmed(end - 1)) --end;
+    foresee(static_cast<std::size_t>(end - begin) * sizeof(char16_t), end);
     store(node.text, decoded(begin, end));
 }
 
@@ -361,6 +366,13 @@ std::u16string_view treeReader<Node, Source>::decoded(place begin, place end)
     m_source.decode(begin, end, m_decoded);
     decodeEntities(m_decoded);
     return m_decoded;
+}
+
+// The text up to here takes so much of the heap besides the nodes.
+template <class Node, class Source>
+void treeReader<Node, Source>::foresee(std::size_t bytes, place at)
+{
+    if (m_heap.take(bytes)) m_heap.foretell(m_source.restFor(at));
 }
 
 // --- Open elements -------------------------------------------------------------------------

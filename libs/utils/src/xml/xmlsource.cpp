@@ -34,7 +34,7 @@ bool isAscii(place at, place end)
 } // namespace
 
 byteText::byteText(const unsigned char* bytes, std::size_t length, const byteUnits* table)
-    : m_end(find(bytes, bytes + length, 0)), m_table(table)
+    : m_begin(bytes), m_end(find(bytes, bytes + length, 0)), m_table(table)
 {}
 
 place byteText::passBlocks(place at, place end, char16_t unit)

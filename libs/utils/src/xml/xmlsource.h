@@ -41,6 +41,8 @@ public:
     {
         return viewOf(begin, end) == std::u16string_view(name);
     }
+    // How much is to come for each unit before the place; the end is not known, so as much.
+    [[nodiscard]] double restFor(place /*at*/) const { return 1; }
 
 private:
     static std::u16string_view viewOf(place begin, place end)
@@ -88,6 +90,11 @@ public:
     [[nodiscard]] std::u16string_view units(place begin, place end, string& work) const;
     void decode(place begin, place end, string& units) const;
     [[nodiscard]] bool spells(place begin, place end, const string& name) const;
+    // How much is to come for each byte before the place.
+    [[nodiscard]] double restFor(place at) const
+    {
+        return static_cast<double>(m_end - at) / static_cast<double>(at - m_begin);
+    }
 
 private:
     static place find(place at, place end, char16_t unit)
@@ -106,6 +113,7 @@ private:
     static place passBlocks(place at, place end, char16_t unit);
     std::size_t decodeTo(char16_t* units, place begin, place end) const;
 
+    place m_begin;
     place m_end;
     const byteUnits* m_table;
 };

@@ -1,6 +1,7 @@
 #include "platform/platform.h"
 
 #include <cstdint>
+#include <cstdlib>
 #include <sys/mman.h>
 #include <unistd.h>
 
@@ -22,6 +23,19 @@ void expectFilling(void* block, std::size_t size)
     const std::uintptr_t lastPage = (begin + size) / pageSize * pageSize;
     // A system without large pages refuses, and nothing is lost.
     ::madvise(reinterpret_cast<void*>(firstPage), lastPage - firstPage, MADV_HUGEPAGE);
+}
+
+// A block that was freed leaves its room at the end of the heap, as pages that nothing has touched:
+// the next blocks are cut from these. Heaps map large blocks outside at first, and take them
+// in only when one of the size has been freed; so it takes two.
+void expectAllocations(std::size_t size)
+{
+    if (size < leastSize) return;
+    for (int block = 0; block < 2; ++block) {
+        void* const room = std::malloc(size);
+        if (room != nullptr) expectFilling(room, size);
+        std::free(room);
+    }
 }
 
 // What stands around the aligned part goes back.

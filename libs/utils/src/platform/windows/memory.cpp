@@ -5,6 +5,7 @@ namespace orlo::platform {
 
 // Large pages take a privilege here that users don't have.
 void expectFilling(void*, std::size_t) {}
+void expectAllocations(std::size_t) {}
 
 void* newLargeBlock(std::size_t size)
 {
