@@ -21,6 +21,7 @@
 #include <cstddef>
 #include <new>
 #include <string_view>
+#include <tuple>
 #include <utility>
 #include <vector>
 
@@ -81,6 +82,7 @@ private:
     bool findAttributes(place& at);
     bool findAttribute(place& at);
     void addAttributes(Node& node);
+    void addAttribute(Node& node, const rawAttribute& raw);
     content readFirstText(Node& node, place& at);
     place readClosingTag(const Node& node, place at) const;
     void storeText(Node& node, place begin, place end);
@@ -299,12 +301,23 @@ void treeReader<Node, Source>::addAttributes(Node& node)
     if (m_attributes.empty()) return;
     node.attributes.reserve(node.attributes.size() + m_attributes.size());
     foresee(m_attributes.size() * sizeof node.attributes[0], m_attributes.back().valueEnd);
-    for (const rawAttribute& each : m_attributes) {
-        auto& [name, value] = node.attributes.emplace_back();
-        store(name, m_source.units(each.name, each.nameEnd, m_decoded));
-        store(value, decoded(each.value, each.valueEnd));
-    }
+    for (const rawAttribute& each : m_attributes) addAttribute(node, each);
     m_attributes.clear();
+}
+
+// Nearly all attributes are stored as they stand.
+template <class Node, class Source>
+void treeReader<Node, Source>::addAttribute(Node& node, const rawAttribute& raw)
+{
+    if (m_source.isPlain(raw.name, raw.nameEnd) && m_source.isPlain(raw.value, raw.valueEnd)) {
+        node.attributes.emplace_back(std::piecewise_construct,
+                                     std::forward_as_tuple(raw.name, raw.nameEnd),
+                                     std::forward_as_tuple(raw.value, raw.valueEnd));
+        return;
+    }
+    auto& [name, value] = node.attributes.emplace_back();
+    store(name, m_source.units(raw.name, raw.nameEnd, m_decoded));
+    store(value, decoded(raw.value, raw.valueEnd));
 }
 
 // From behind the ">" of the opening tag. Text is only what stands before the first markup.

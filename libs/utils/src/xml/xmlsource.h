@@ -30,6 +30,8 @@ public:
     {
         return viewOf(begin, end).find(unit) != std::u16string_view::npos;
     }
+    // True if the units are what stands there, and hold no entity.
+    [[nodiscard]] bool isPlain(place begin, place end) const { return !holds(begin, end, u'&'); }
     // The units, which may lie in `work`, in front of others.
     [[nodiscard]] std::u16string_view units(place begin, place end, string& /*work*/) const
     {
@@ -67,6 +69,10 @@ constexpr bool hasZero(std::uint64_t word)
 {
     return ((word - lowBits) & ~word & highBits) != 0;
 }
+constexpr bool isAscii(std::uint64_t word)
+{
+    return (word & highBits) == 0;
+}
 } // namespace byteWord
 
 // What each byte of a single-byte character set stands for.
@@ -87,6 +93,8 @@ public:
     {
         return find(begin, end, unit) != end;
     }
+    // Of short texts alone.
+    [[nodiscard]] bool isPlain(place begin, place end) const;
     [[nodiscard]] std::u16string_view units(place begin, place end, string& work) const;
     void decode(place begin, place end, string& units) const;
     [[nodiscard]] bool spells(place begin, place end, const string& name) const;
