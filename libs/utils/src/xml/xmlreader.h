@@ -59,6 +59,7 @@ private:
         place valueEnd;
     };
     enum class content { none, follows };
+    enum class entities { keep, decode };
 
     [[noreturn]] static void fail()
     {
@@ -86,7 +87,7 @@ private:
     content readFirstText(Node& node, place& at);
     place readClosingTag(const Node& node, place at) const;
     void storeText(Node& node, place begin, place end);
-    static void store(string& to, std::u16string_view units);
+    void store(string& to, place begin, place end, entities inIt);
     std::u16string_view decoded(place begin, place end);
     void foresee(std::size_t bytes, place at);
     void closeElement();
@@ -251,7 +252,7 @@ auto treeReader<Node, Source>::readName(Node& node, place at) -> place
 {
     const place end = findOneOf(at, nameEnds);
     if (unitAt(end) == u'/' && unitAt(end + 1) != u'>') fail();
-    store(node.name, m_source.units(at, end, m_decoded));
+    store(node.name, at, end, entities::keep);
     return end;
 }
 
@@ -305,7 +306,7 @@ void treeReader<Node, Source>::addAttributes(Node& node)
     m_attributes.clear();
 }
 
-// Nearly all attributes are stored as they stand.
+// Nearly all are plain, and made where they stay.
 template <class Node, class Source>
 void treeReader<Node, Source>::addAttribute(Node& node, const rawAttribute& raw)
 {
@@ -313,11 +314,11 @@ void treeReader<Node, Source>::addAttribute(Node& node, const rawAttribute& raw)
         node.attributes.emplace_back(std::piecewise_construct,
                                      std::forward_as_tuple(raw.name, raw.nameEnd),
                                      std::forward_as_tuple(raw.value, raw.valueEnd));
-        return;
+    } else {
+        auto& [name, value] = node.attributes.emplace_back();
+        store(name, raw.name, raw.nameEnd, entities::keep);
+        store(value, raw.value, raw.valueEnd, entities::decode);
     }
-    auto& [name, value] = node.attributes.emplace_back();
-    store(name, m_source.units(raw.name, raw.nameEnd, m_decoded));
-    store(value, decoded(raw.value, raw.valueEnd));
 }
 
 // From behind the ">" of the opening tag. Text is only what stands before the first markup.
@@ -358,13 +359,19 @@ void treeReader<Node, Source>::storeText(Node& node, place begin, place end)
     while (begin != end && isTrimmed(begin)) ++begin;
     while (begin != end && isTrimmed(end - 1)) --end;
     foresee(static_cast<std::size_t>(end - begin) * sizeof(char16_t), end);
-    store(node.text, decoded(begin, end));
+    store(node.text, begin, end, entities::decode);
 }
 
 // In no more memory than it needs.
 template <class Node, class Source>
-void treeReader<Node, Source>::store(string& to, std::u16string_view units)
+void treeReader<Node, Source>::store(string& to, place begin, place end, entities inIt)
 {
+    if (m_source.isPlain(begin, end)) {
+        to = string(begin, end);
+        return;
+    }
+    const std::u16string_view units =
+        inIt == entities::decode ? decoded(begin, end) : m_source.units(begin, end, m_decoded);
     if (units.size() <= to.capacity())
         to.assign(units);
     else

@@ -37,12 +37,6 @@ byteText::byteText(const unsigned char* bytes, std::size_t length, const byteUni
     : m_begin(bytes), m_end(find(bytes, bytes + length, 0)), m_table(table)
 {}
 
-bool byteText::isPlain(place begin, place end) const
-{
-    const auto isPlainByte = [](unsigned char byte) { return byte < 0x80 && byte != '&'; };
-    return end - begin < 64 && std::all_of(begin, end, isPlainByte);
-}
-
 place byteText::passBlocks(place at, place end, char16_t unit)
 {
     while (end - at >= blockBytes && !blockHolds(at, static_cast<unsigned char>(unit)))

@@ -6,9 +6,9 @@
 #include "orlostring.h"
 
 #include <array>
+#include <bit>
 #include <cstddef>
 #include <cstdint>
-#include <cstring>
 #include <string_view>
 
 namespace orlo {
@@ -30,8 +30,9 @@ public:
     {
         return viewOf(begin, end).find(unit) != std::u16string_view::npos;
     }
-    // True if the units are what stands there, and hold no entity.
-    [[nodiscard]] bool isPlain(place begin, place end) const { return !holds(begin, end, u'&'); }
+    // True if each place is a unit of its own, and no entity is among them. Not looked for: units
+    // need no decoding.
+    [[nodiscard]] static bool isPlain(place /*begin*/, place /*end*/) { return false; }
     // The units, which may lie in `work`, in front of others.
     [[nodiscard]] std::u16string_view units(place begin, place end, string& /*work*/) const
     {
@@ -59,15 +60,22 @@ inline constexpr std::ptrdiff_t size = 8;
 inline constexpr std::uint64_t lowBits = 0x0101010101010101;
 inline constexpr std::uint64_t highBits = lowBits * 0x80;
 
+// The first byte is the lowest.
 inline std::uint64_t at(const unsigned char* bytes)
 {
     std::uint64_t word = 0;
-    std::memcpy(&word, bytes, sizeof word);
+    for (int i = 0; i < size; ++i) word |= std::uint64_t{bytes[i]} << 8 * i;
     return word;
 }
-constexpr bool hasZero(std::uint64_t word)
+// The lowest bit that is set lies in the first zero byte; no bit if there is none.
+constexpr std::uint64_t zeroBytes(std::uint64_t word)
 {
-    return ((word - lowBits) & ~word & highBits) != 0;
+    return (word - lowBits) & ~word & highBits;
+}
+// Zero if no byte is this one.
+constexpr std::uint64_t bytesAlike(std::uint64_t word, char16_t byte)
+{
+    return zeroBytes(word ^ lowBits * byte);
 }
 constexpr bool isAscii(std::uint64_t word)
 {
@@ -93,8 +101,15 @@ public:
     {
         return find(begin, end, unit) != end;
     }
-    // Of short texts alone.
-    [[nodiscard]] bool isPlain(place begin, place end) const;
+    [[nodiscard]] static bool isPlain(place begin, place end)
+    {
+        for (; end - begin >= byteWord::size; begin += byteWord::size) {
+            const std::uint64_t word = byteWord::at(begin);
+            if (!byteWord::isAscii(word) || byteWord::bytesAlike(word, u'&') != 0) return false;
+        }
+        while (begin != end && *begin < 0x80 && *begin != '&') ++begin;
+        return begin == end;
+    }
     [[nodiscard]] std::u16string_view units(place begin, place end, string& work) const;
     void decode(place begin, place end, string& units) const;
     [[nodiscard]] bool spells(place begin, place end, const string& name) const;
@@ -108,9 +123,9 @@ private:
     static place find(place at, place end, char16_t unit)
     {
         constexpr int nearWords = 4;
-        const std::uint64_t wanted = byteWord::lowBits * unit;
         for (int words = 0; end - at >= byteWord::size; ++words) {
-            if (byteWord::hasZero(byteWord::at(at) ^ wanted)) break;
+            if (const auto found = byteWord::bytesAlike(byteWord::at(at), unit); found != 0)
+                return at + std::countr_zero(found) / 8;
             at += byteWord::size;
             if (words == nearWords) at = passBlocks(at, end, unit);
         }
