@@ -5,6 +5,7 @@
 #include <cstring>
 #include <string>
 #include <string_view>
+#include <vector>
 
 TEST(memorySystemTest, expectingThatABlockIsFilledKeepsWhatItHolds)
 {
@@ -17,6 +18,16 @@ TEST(memorySystemTest, expectingThatABlockIsFilledKeepsWhatItHolds)
             EXPECT_EQ(bytes.find_first_not_of('y'), std::string::npos) << size << " at " << offset;
         }
     }
+}
+
+TEST(memorySystemTest, expectingAllocationsTakesNothingAndKeepsWhatTheHeapHolds)
+{
+    std::vector<std::string> before(1000, std::string(1000, 'x'));
+    for (const std::size_t size : {0u, 1u, (4u << 20) - 1, 4u << 20, 24u << 20})
+        orlo::platform::expectAllocations(size);
+    const std::vector<std::string> behind(10000, std::string(1000, 'y'));
+    for (const std::string& each : before) EXPECT_EQ(each, std::string(1000, 'x'));
+    for (const std::string& each : behind) EXPECT_EQ(each, std::string(1000, 'y'));
 }
 
 TEST(memorySystemTest, largeBlocksAreEmptyAndApartFromEachOther)
