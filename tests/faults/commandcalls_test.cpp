@@ -314,13 +314,10 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
                 call.operation == "decode" || (call.operation == "readFile" && call.nth == 2);
             // The title stands in the half that a short read gives.
             const bool half = call.operation == "readFile" && machine::current().shortTransfers;
-            // Of its state, existence counts, and the size for the load; the rest only tells of a
-            // change.
+            // For each text it is searched, and then asked for its time and size.
             const bool asks = asksFor(call, asking::languagePath);
-            if ((reads && half) || (asks && call.nth == 5)) return answered(withDefaultMessage);
-            if (opens || reads || (asks && (call.nth == 1 || call.nth == 4)))
-                return answered(withDefaultTitle);
-            if (asks) return answered(given.whole);
+            if ((reads && half) || (asks && call.nth > 2)) return answered(withDefaultMessage);
+            if (opens || reads || asks) return answered(withDefaultTitle);
             return afterAsking(call, given);
         });
 }

@@ -6,6 +6,7 @@
 #include <cstdint>
 #include <forward_list>
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace orlo {
@@ -47,9 +48,9 @@ private:
     enum class includes { none };
 
     locFile(includes, const file& source);
-    [[nodiscard]] bool needsLoad() const;
-    bool load();
-    bool readEntries();
+    bool refresh();
+    bool load(const std::optional<fileStatus>& found);
+    bool readEntries(const std::optional<fileStatus>& found);
     void loadOverride();
     void applyCommands(entryMap& entries) const;
 

@@ -196,9 +196,9 @@ TEST_F(namesTest, ofLinksTellWhatTheyLeadTo)
 TEST_F(namesTest, ofLinksAreRemovedUnlessTheyLeadToAFolder)
 {
     linkToEachKind();
-    EXPECT_FALSE(platform::removeFile(path("to-folder")));
+    EXPECT_FALSE(file(path("to-folder")).remove());
     EXPECT_TRUE(isThere("to-folder"));
-    EXPECT_TRUE(platform::removeFile(path("to-file")));
+    EXPECT_TRUE(file(path("to-file")).remove());
     EXPECT_FALSE(isThere("to-file"));
     EXPECT_EQ(content("file"), "kept");
     EXPECT_TRUE(platform::removeFile(path("to-nothing")));

@@ -12,6 +12,7 @@
 #include <cstdlib>
 #include <fcntl.h>
 #include <sys/resource.h>
+#include <sys/stat.h>
 #include <sys/wait.h>
 #include <thread>
 #include <unistd.h>
@@ -174,6 +175,32 @@ TEST(messageBoxSystem, leavesTheSignalsOfTheProcessAsTheyWere)
         if (!isPending(SIGPIPE)) ::_exit(3);
     });
     EXPECT_EQ(end.status, 0);
+}
+
+namespace {
+
+using outputSystemTest = systemTest;
+
+} // namespace
+
+// A name in the file system may be that of a pipe too.
+TEST_F(outputSystemTest, toAPipeThatNobodyReadsAnyMoreFailsAndEndsNothing)
+{
+    const std::string name = native("pipe");
+    ASSERT_EQ(::mkfifo(name.c_str(), 0600), 0);
+    const string told = path("pipe");
+    const ending end = runApart("", [&] {
+        const int reader = ::open(name.c_str(), O_RDONLY | O_NONBLOCK);
+        const platform::fileHandle out = platform::openFile(told, platform::openMode::write);
+        if (platform::writeFile(out, "read", 4) != 4) ::_exit(1);
+        char got[4];
+        if (::read(reader, got, 4) != 4 || std::string_view(got, 4) != "read") ::_exit(2);
+        ::close(reader);
+        if (platform::writeFile(out, "lost", 4) != 0) ::_exit(3);
+        ::_exit(7);
+    });
+    ASSERT_TRUE(WIFEXITED(end.status)) << WTERMSIG(end.status);
+    EXPECT_EQ(WEXITSTATUS(end.status), 7);
 }
 
 TEST(messageBoxSystem, waitsForAnAnswerAlsoAtAnInputThatDoesNotWait)

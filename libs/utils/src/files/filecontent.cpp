@@ -41,6 +41,12 @@ std::unique_ptr<unsigned char[]> newBlock(std::size_t size)
 
 } // namespace
 
+std::optional<fileStatus> statusOf(const file& source)
+{
+    fileStatus status;
+    return source.stat(status) ? std::optional(status) : std::nullopt;
+}
+
 readResult readContent(const file& source, std::size_t size, fileContent& content)
 {
     content = {newBlock(size), 0};

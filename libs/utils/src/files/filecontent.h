@@ -5,6 +5,7 @@
 
 #include <cstddef>
 #include <memory>
+#include <optional>
 #include <string_view>
 
 namespace orlo {
@@ -17,6 +18,9 @@ struct fileContent {
     std::unique_ptr<unsigned char[]> bytes;
     std::size_t size = 0;
 };
+
+// None where the system tells nothing: there is no such file, as a rule.
+[[nodiscard]] std::optional<fileStatus> statusOf(const file& source);
 
 enum class readResult {
     whole,

@@ -62,25 +62,18 @@ bool mayHold(std::string_view bytes, std::string_view word)
     return bytes.find(pairs) != bytes.npos;
 }
 
-bool readBytes(const file& source, fileContent& content)
+bool readBytes(const file& source, const std::optional<fileStatus>& status, fileContent& content)
 {
-    fileStatus status;
-    if (!source.stat(status) || (status.mode & fileStatus::directoryBit)) return false;
-    const readResult result = readContent(source, static_cast<std::size_t>(status.size), content);
+    if (!status || (status->mode & fileStatus::directoryBit)) return false;
+    const readResult result = readContent(source, static_cast<std::size_t>(status->size), content);
     return result == readResult::whole || result == readResult::cutShort;
 }
 
-} // namespace
-
-std::optional<std::u16string> readLanguageText(const file& source)
-{
-    return readLanguageTextWith({}, source);
-}
-
-std::optional<std::u16string> readLanguageTextWith(std::string_view word, const file& source)
+std::optional<std::u16string> readTextWith(std::string_view word, const file& source,
+                                           const std::optional<fileStatus>& status)
 try {
     fileContent content;
-    if (!readBytes(source, content)) return std::nullopt;
+    if (!readBytes(source, status, content)) return std::nullopt;
     const std::string_view bytes(reinterpret_cast<const char*>(content.bytes.get()), content.size);
     if (!mayHold(bytes, word)) return std::nullopt;
     std::u16string text = decodeByMark(bytes);
@@ -88,6 +81,24 @@ try {
     return text;
 } catch (const std::bad_alloc&) {
     return std::nullopt;
+}
+
+} // namespace
+
+std::optional<std::u16string> readLanguageText(const file& source)
+{
+    return readLanguageText(source, statusOf(source));
+}
+
+std::optional<std::u16string> readLanguageText(const file& source,
+                                               const std::optional<fileStatus>& status)
+{
+    return readTextWith({}, source, status);
+}
+
+std::optional<std::u16string> readLanguageTextWith(std::string_view word, const file& source)
+{
+    return readTextWith(word, source, statusOf(source));
 }
 
 } // namespace orlo

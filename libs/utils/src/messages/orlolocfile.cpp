@@ -5,6 +5,7 @@
 // look back at the files on the way to a line when it is read.
 #include "orlolocfile.h"
 
+#include "files/filecontent.h"
 #include "messages/languageentries.h"
 #include "messages/languagetext.h"
 #include "orlopath.h"
@@ -27,6 +28,18 @@ namespace {
 
 constexpr std::u16string_view aliasMark = u"$$";
 constexpr std::u16string_view commandSeparator = u":::";
+
+// None of a directory.
+std::optional<fileStatus> statusOfFile(const file& which)
+{
+    const std::optional<fileStatus> status = statusOf(which);
+    return status && (status->mode & fileStatus::directoryBit) ? std::nullopt : status;
+}
+
+std::int64_t timeOf(const std::optional<fileStatus>& status)
+{
+    return status ? status->modificationTime : 0;
+}
 
 } // namespace
 
@@ -118,7 +131,7 @@ bool locFile::walk::ask(locFile& asked, string& key, const string*& value)
 {
     std::set<string> walked;
     while (true) {
-        if (asked.needsLoad() && !asked.load()) return false;
+        if (!asked.refresh()) return false;
         const auto entry = asked.m_entries.find(key);
         if (entry == asked.m_entries.end()) return true;
         if (!entry->second.starts_with(aliasMark)) {
@@ -183,20 +196,20 @@ void locFile::setOverrideFile(const file& overrideFile)
     m_entries.clear();
 }
 
-bool locFile::needsLoad() const
+// Each file is asked but once for its status, which tells too how much of it there is to read.
+bool locFile::refresh()
 {
-    if (m_entries.empty() || modificationTime() != m_fileTime) return true;
-    fileStatus status;
-    const bool overridden =
-        m_overrideFile.stat(status) && !(status.mode & fileStatus::directoryBit);
-    return (overridden ? status.modificationTime : 0) != m_overrideTime;
+    const std::optional<fileStatus> found = statusOf(*this);
+    const bool isCurrent = !m_entries.empty() && timeOf(found) == m_fileTime &&
+                           timeOf(statusOfFile(m_overrideFile)) == m_overrideTime;
+    return isCurrent || load(found);
 }
 
-bool locFile::load()
+bool locFile::load(const std::optional<fileStatus>& found)
 {
-    m_fileTime = modificationTime();
+    m_fileTime = timeOf(found);
     m_entries.clear();
-    const bool loaded = readEntries();
+    const bool loaded = readEntries(found);
     try {
         applyCommands(m_entries);
         loadOverride();
@@ -209,10 +222,10 @@ bool locFile::load()
 
 // The commands of earlier loads stay, so that a file that has changed holds its commands
 // twice. After a failure what was read so far stays. The first entry of a key wins.
-bool locFile::readEntries()
+bool locFile::readEntries(const std::optional<fileStatus>& found)
 {
     try {
-        const std::optional<std::u16string> text = readLanguageText(*this);
+        const std::optional<std::u16string> text = readLanguageText(*this, found);
         if (!text) return false;
         readCommands(*text, m_commands);
         languageEntries entries(*text);
@@ -227,11 +240,11 @@ bool locFile::readEntries()
 
 void locFile::loadOverride()
 {
-    m_overrideTime = 0;
-    if (!m_overrideFile.exists()) return;
-    m_overrideTime = m_overrideFile.modificationTime();
+    const std::optional<fileStatus> found = statusOfFile(m_overrideFile);
+    m_overrideTime = timeOf(found);
+    if (!found) return;
     locFile overriding(includes::none, m_overrideFile);
-    overriding.load();
+    overriding.load(found);
     for (auto& [key, value] : overriding.m_entries)
         m_entries.insert_or_assign(key, std::move(value));
     overriding.applyCommands(m_entries);

@@ -36,7 +36,8 @@ inline constexpr unsigned permissionToWrite = accessWrite * permissionFactor;
 inline constexpr unsigned permissionToRead = accessRead * permissionFactor;
 // Makes an empty file with one of these permissions or both, and closes it.
 bool createFile(const string& path, unsigned permission);
-// Deletes a file; refuses a directory.
+// Deletes a file; refuses a directory. Of links to one the systems think differently: who keeps
+// them has asked before.
 bool removeFile(const string& path);
 bool renameEntry(const string& from, const string& to);
 bool copyFile(const string& source, const string& target, bool failIfExists);

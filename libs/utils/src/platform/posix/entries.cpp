@@ -25,13 +25,6 @@ bool isThere(const std::string& path)
     return ::lstat(path.c_str(), &found) == 0;
 }
 
-// A link to a directory counts as one.
-bool isDirectory(const std::string& path)
-{
-    struct stat found;
-    return ::stat(path.c_str(), &found) == 0 && S_ISDIR(found.st_mode);
-}
-
 // For file systems that can't refuse an existing target themselves.
 bool renameIfFree(const std::string& from,
                   const std::string& to) // GCOV_EXCL_LINE: needs such a file system
@@ -76,9 +69,7 @@ bool createFile(const string& path, unsigned permission)
 
 bool removeFile(const string& path)
 {
-    const std::string native = nativePath(path);
-    // The system itself refuses a directory, but not a link to one.
-    return !isDirectory(native) && ::unlink(native.c_str()) == 0;
+    return ::unlink(nativePath(path).c_str()) == 0;
 }
 
 bool renameEntry(const string& from, const string& to)
