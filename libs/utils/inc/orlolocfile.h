@@ -43,7 +43,10 @@ public:
     void setOverrideFile(const file& overrideFile);
 
 private:
-    using entryMap = std::map<string, string>;
+    struct keyOrder { // by unit, as that of the texts themselves, but many units at a time
+        bool operator()(const string& a, const string& b) const;
+    };
+    using entryMap = std::map<string, string, keyOrder>;
     struct walk; // over a file and those that it includes
     enum class includes { none };
 

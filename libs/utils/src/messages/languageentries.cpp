@@ -28,6 +28,11 @@ view trimmedLeft(view text, view set)
     return text;
 }
 
+constexpr bool isBlank(char16_t unit)
+{
+    return unit == u' ' || unit == u'\t';
+}
+
 view trimmedRight(view text, view set)
 {
     return text.substr(0, text.find_last_not_of(set) + 1);
@@ -67,6 +72,12 @@ view trimmedLine(view line)
     return trimmedRight(trimmedRight(trimmedLeft(line, blanks), lineEnds), blanks);
 }
 
+// Without a way out of the loop a compiler looks at many units at once.
+languageLines::languageLines(view text) : m_rest(text), m_hasZeros(false)
+{
+    for (const char16_t unit : text) m_hasZeros |= unit == u'\0';
+}
+
 bool languageLines::next(view& line)
 {
     if (m_rest.empty()) return false;
@@ -76,7 +87,7 @@ bool languageLines::next(view& line)
     m_complete = lineFeed < line.size();
     if (m_complete) line = line.substr(0, lineFeed + 1);
     m_rest.remove_prefix(line.size());
-    line = line.substr(0, line.find(u'\0'));
+    if (m_hasZeros) line = line.substr(0, line.find(u'\0'));
     return true;
 }
 
@@ -104,12 +115,13 @@ namespace {
 // A line without a blank holds no entry, and one with a ";" in its key is a comment.
 void startEntry(view line, languageStep& step)
 {
-    const auto blank = line.find_first_of(blanks);
+    const auto blank =
+        static_cast<std::size_t>(std::find_if(line.begin(), line.end(), isBlank) - line.begin());
     step.key = line.substr(0, blank);
     step.value = {};
     if (step.key.find(commentMark) != view::npos) {
         step.what = languageStep::kind::comment;
-    } else if (blank == view::npos) {
+    } else if (blank == line.size()) {
         step.what = languageStep::kind::keyAlone;
     } else {
         step.what = languageStep::kind::begins;

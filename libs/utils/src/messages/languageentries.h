@@ -17,7 +17,7 @@ class languageLines {
 public:
     static constexpr std::size_t maxLine = 1023;
 
-    explicit languageLines(std::u16string_view text) : m_rest(text) {}
+    explicit languageLines(std::u16string_view text);
     // False, with `line` untouched, at the end.
     bool next(std::u16string_view& line);
     // The number of the current line as an editor counts, from 1: pieces of a line share it.
@@ -27,6 +27,7 @@ private:
     std::u16string_view m_rest;
     std::size_t m_number = 0;
     bool m_complete = true; // the current line has come with its line feed
+    bool m_hasZeros;        // nearly no text has one
 };
 
 // The text of an entry on one line, and what the line holds beside it.
