@@ -61,4 +61,24 @@ std::u16string lowered(std::u16string word)
     return word;
 }
 
+void replaceEach(std::u16string& in, std::u16string_view from, std::u16string_view to)
+{
+    if (from.empty()) return;
+    for (std::size_t at = in.find(from); at != in.npos; at = in.find(from, at + to.size()))
+        in.replace(at, from.size(), to);
+}
+
+bool asksForMuch(std::u16string_view format)
+{
+    std::size_t digits = 0;
+    for (const char16_t unit : format) {
+        if (unit >= u'0' && unit <= u'9')
+            ++digits;
+        else if (unit != u'*')
+            digits = 0;
+        if (digits > 4) return true;
+    }
+    return false;
+}
+
 } // namespace orlo::fuzz

@@ -8,6 +8,7 @@
 #include <cstdint>
 #include <cstring>
 #include <string>
+#include <string_view>
 #include <vector>
 
 namespace orlo::fuzz {
@@ -25,6 +26,12 @@ string textOf(bytes given);
 // Small things that the judges need too, which share no code with what they judge.
 std::vector<std::u16string> piecesOf(const std::u16string& whole, const std::u16string& delimiter);
 std::u16string lowered(std::u16string word); // ASCII letters
+// From left to right; what was put in is not looked at again. Nothing stands for an empty `from`.
+void replaceEach(std::u16string& in, std::u16string_view from, std::u16string_view to);
+
+// Whether a format has a width or precision of five digits or more, which asks for that much text:
+// allowed, but slow. A "*" between the digits counts for nothing, and belongs to the number too.
+bool asksForMuch(std::u16string_view format);
 
 // Values from the front of the bytes; zeros where they have ended.
 class input {

@@ -31,13 +31,6 @@ void trimKey(text& line)
     trimRight(line, u" \t");
 }
 
-void replaceEach(text& value, const text& from, const text& to)
-{
-    if (from.empty()) return;
-    for (std::size_t at = value.find(from); at != text::npos; at = value.find(from, at + to.size()))
-        value.replace(at, from.size(), to);
-}
-
 bool isThere(const string& path)
 {
     const file entry(path);

@@ -11,8 +11,6 @@ namespace orlo::languagecheck {
 
 namespace {
 
-constexpr std::u16string_view includeMark = u"#include";
-
 struct include {
     namedFile file;
     position where;
@@ -22,7 +20,7 @@ struct include {
 
 bool isComment(std::u16string_view line)
 {
-    const auto word = line.substr(0, line.find_first_of(u" \t"));
+    const auto word = line.substr(0, line.find_first_of(blanks));
     return word.find(u';') != word.npos;
 }
 

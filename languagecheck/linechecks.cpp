@@ -17,9 +17,6 @@ namespace {
 using view = std::u16string_view;
 using lineSet = std::set<std::size_t>;
 
-constexpr view blanks = u" \t";
-constexpr view includeMark = u"#include";
-
 bool isBlank(view text)
 {
     return text.find_first_not_of(blanks) == text.npos;

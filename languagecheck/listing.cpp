@@ -10,8 +10,6 @@ namespace orlo::languagecheck {
 
 namespace {
 
-using valueClass = conversionSpec::valueClass;
-
 // Values as the tool gives them.
 constexpr struct {
     const char16_t* name;

@@ -44,9 +44,8 @@ std::vector<place> placesIn(const string& text)
     return found;
 }
 
-conversionSpec::valueClass classOf(const place& where)
+valueClass classOf(const place& where)
 {
-    using valueClass = conversionSpec::valueClass;
     const string& conversion = where.conversion;
     if (conversion.find(u'%') == string::npos) return valueClass::text;
     if (conversion[0] != u'%' || conversion.size() > conversionSpec::maxLength)

@@ -9,6 +9,8 @@
 
 namespace orlo::languagecheck {
 
+using valueClass = conversionSpec::valueClass;
+
 // "[name]" or "[name:conversion]".
 struct place {
     string name;
@@ -22,7 +24,7 @@ std::vector<place> placesIn(const string& text);
 
 // The class in which a value goes into a place: text where it has no conversion, none where its
 // conversion is not known.
-conversionSpec::valueClass classOf(const place& where);
+valueClass classOf(const place& where);
 
 // Whether a value that has no place of its own would take a "%" of the text.
 bool takesPercent(const stringTemplate& text, const string& name);

@@ -12,7 +12,7 @@
 namespace orlo::languagecheck {
 
 // Larger files are not looked into: no translator writes so much.
-inline constexpr std::int64_t largestFile = 64 * 1024 * 1024;
+inline constexpr std::int64_t largestFile = std::int64_t{64} * 1024 * 1024;
 
 // A file on disk, and its name as the user should see it.
 struct namedFile {

@@ -12,8 +12,6 @@ namespace orlo::languagecheck {
 
 namespace {
 
-using valueClass = conversionSpec::valueClass;
-
 constexpr std::u16string_view aliasMark = u"$$";
 
 // A name that no place has, and no value.

@@ -263,20 +263,6 @@ void expectTexts(const string& from)
 
 // --- formats -----------------------------------------------------------------------------------
 
-// A width or precision of five digits or more asks for that much text: allowed, but slow.
-bool asksForMuch(const text& format)
-{
-    std::size_t digits = 0;
-    for (const char16_t unit : format) {
-        if (unit >= u'0' && unit <= u'9')
-            ++digits;
-        else if (unit != u'*')
-            digits = 0;
-        if (digits > 4) return true;
-    }
-    return false;
-}
-
 // Any text is a format, for printing and for scanning; the kinds of the arguments change with it.
 void expectFormats(const string& given, int count, double value)
 {

@@ -14,12 +14,6 @@ namespace {
 
 using text = std::u16string;
 
-void replaceEach(text& path, const text& from, const text& to)
-{
-    for (std::size_t at = path.find(from); at != text::npos; at = path.find(from, at + to.size()))
-        path.replace(at, from.size(), to);
-}
-
 // A path of nothing but this unit stays whole.
 void trimEnd(text& path, char16_t unit)
 {

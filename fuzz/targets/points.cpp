@@ -16,7 +16,7 @@ using orloGeo::vector3d;
 using typeconvert::convert;
 using text = std::u16string;
 
-std::optional<point3d> judged(text whole)
+std::optional<point3d> judgedPoint(text whole)
 {
     const auto isTrimmed = [](char16_t unit) { return unit == u' ' || unit == u'\t'; };
     while (!whole.empty() && isTrimmed(whole.front())) whole.erase(0, 1);
@@ -40,7 +40,7 @@ bool same(double a, double b)
 template <class Triple>
 void expectReading(const string& whole)
 {
-    const std::optional<point3d> wanted = judged(whole);
+    const std::optional<point3d> wanted = judgedPoint(whole);
     Triple read(7, 8, 9);
     expect(convert(read, whole) == wanted.has_value(),
            "a text is read where three numbers stand in it");

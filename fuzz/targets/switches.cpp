@@ -15,7 +15,7 @@ constexpr std::array<const char16_t*, 6> literals{u"-out:", u"-o",        u"-pla
                                                   u"-",     u"-zoffset:", u"-debug"};
 
 // The value of the last argument for each literal, where the first literal that fits takes it.
-std::map<string, string> judged(const std::vector<string>& arguments)
+std::map<string, string> judgedSwitches(const std::vector<string>& arguments)
 {
     std::map<string, string> values;
     for (const char16_t* literal : literals) values[literal] = u"start";
@@ -49,7 +49,7 @@ void switches(bytes given)
                          {literals[3], &read[3]},
                          {literals[4], &read[4]},
                          {literals[5], &read[5]}});
-    std::map<string, string> wanted = judged(arguments);
+    std::map<string, string> wanted = judgedSwitches(arguments);
     for (std::size_t i = 0; i < literals.size(); ++i)
         expect(read[i] == wanted[literals[i]], "the last argument of a switch gives its value");
 

@@ -17,21 +17,6 @@ namespace {
 
 using text = std::u16string;
 
-// A width or precision of five digits or more asks for that much text: allowed, but slow.
-// What stands between the digits and counts for nothing belongs to the number too.
-bool asksForMuch(const text& of)
-{
-    std::size_t digits = 0;
-    for (const char16_t unit : of) {
-        if (unit >= u'0' && unit <= u'9')
-            ++digits;
-        else if (unit != u'*')
-            digits = 0;
-        if (digits > 4) return true;
-    }
-    return false;
-}
-
 // --- where the next value goes, step by step --------------------------------------------------
 
 struct place {

@@ -11,12 +11,12 @@ namespace orlo {
 
 namespace {
 
-enum place : std::size_t { hourPlace, minutePlace, secondPlace, placeCount };
+enum timePlace : std::size_t { hourPlace, minutePlace, secondPlace, placeCount };
 
 // What a part of a time's text stands for, and its largest value. The fourth replaces the
 // seconds, although a fraction is written there: it is meant so, and no fraction is ever read.
 struct textPart {
-    place stands;
+    timePlace stands;
     std::uint32_t limit;
 };
 constexpr textPart textParts[] = {

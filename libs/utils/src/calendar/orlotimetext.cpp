@@ -9,7 +9,7 @@ namespace orlo {
 
 namespace {
 
-constexpr std::size_t mostUnits = 127;
+constexpr std::size_t longestTime = 127;
 constexpr std::size_t bytesOfUnit = 4; // at most, in any character set
 
 // The user's LC_TIME locale for a scope, and no other category. The locale is the process's, so
@@ -48,10 +48,10 @@ string localTimeText(std::tm universal)
     if (!platform::localTime(platform::secondsOf(universal), local)) return {};
 
     const userTimeLocale users;
-    char formatted[mostUnits * bytesOfUnit + 1] = "";
+    char formatted[longestTime * bytesOfUnit + 1] = "";
     if (platform::formatTime(formatted, sizeof formatted, "%c", local) == 0) return {};
     string text = platform::timeText(formatted);
-    return text.size() > mostUnits ? string() : text;
+    return text.size() > longestTime ? string() : text;
 }
 
 } // namespace orlo

@@ -14,7 +14,7 @@ namespace orlo {
 
 namespace {
 
-constexpr std::u16string_view blanks = u" \t";
+constexpr std::u16string_view aroundPath = u" \t";
 constexpr char16_t textDelimiter = u';';
 
 // A directory on the way down, and what of it is still to be entered.
@@ -108,7 +108,7 @@ void searchPath::parse(const string& text, const directory& base, char16_t delim
     // Added at the end, as the base may be an entry of this list, which grows.
     std::vector<directory> found;
     for (string& piece : pieces) {
-        piece.trimLeft(blanks).trimRight(blanks);
+        piece.trimLeft(aroundPath).trimRight(aroundPath);
         if (piece.empty()) continue;
         // Any leading dot counts, that of ".hidden" too.
         directory entry = piece[0] == u'.' ? directory(base.path(), piece)

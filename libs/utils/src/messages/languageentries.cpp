@@ -14,9 +14,7 @@ namespace {
 
 using view = std::u16string_view;
 
-constexpr view blanks = u" \t";
 constexpr view lineEnds = u"\r\n";
-constexpr view includeMark = u"#include";
 constexpr view commandMark = u";;cmd(";
 constexpr char16_t commentMark = u';';
 constexpr char16_t quote = u'"';

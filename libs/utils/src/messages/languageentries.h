@@ -10,6 +10,9 @@
 
 namespace orlo {
 
+inline constexpr std::u16string_view blanks = u" \t";
+inline constexpr std::u16string_view includeMark = u"#include";
+
 // Walks through the lines of a text. A line ends behind its line feed, or after 1,023 units:
 // a longer one comes in pieces, each a line of its own. What follows a zero unit in a line is
 // not seen.

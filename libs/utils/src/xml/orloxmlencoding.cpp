@@ -1,7 +1,7 @@
 #include "orloxmlencoding.h"
 
-#include "orlounit.h"
 #include "platform/platform.h"
+#include "text/lowerbyte.h"
 
 #include <algorithm>
 #include <array>
@@ -11,11 +11,6 @@
 namespace orlo {
 
 namespace {
-
-char lowerByte(char byte)
-{
-    return static_cast<char>(lowerUnit(static_cast<unsigned char>(byte)));
-}
 
 // Collects the word `encoding=` and then its value from the bytes of a declaration. It knows
 // no grammar: a word is a run of the letters of "encoding=" that begins with an "e", and an

@@ -1,22 +1,13 @@
 #include "xml/xmlencoding.h"
 
 #include "files/filecontent.h"
-#include "orlounit.h"
 #include "orloxmlencoding.h"
+#include "text/lowerbyte.h"
 
 #include <algorithm>
 #include <string>
 
 namespace orlo {
-
-namespace {
-
-char lowerByte(char byte)
-{
-    return static_cast<char>(lowerUnit(static_cast<unsigned char>(byte)));
-}
-
-} // namespace
 
 // Text with a declared encoding is in single bytes, whatever the name says. A declared "utf-16" is
 // taken from the third byte on as if a mark stood there, which leaves an empty document, and a name
