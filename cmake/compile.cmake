@@ -5,11 +5,9 @@ function(orlo_compile target)
       /W4 /fp:precise /utf-8 $<$<BOOL:${ORLO_WARNINGS_AS_ERRORS}>:/WX>)
     return()
   endif()
-  # No fused operations: the last digits of a coordinate must not depend on the compiler. A
-  # section for each function, so that an executable takes those alone that it needs.
+  # No fused operations: the last digits of a coordinate must not depend on the compiler.
   target_compile_options(${target} PRIVATE
-    -ffp-contract=off -ffunction-sections -fdata-sections
-    -Wall -Wextra -Wpedantic -Wconversion -Wshadow
+    -ffp-contract=off -Wall -Wextra -Wpedantic -Wconversion -Wshadow
     $<$<BOOL:${ORLO_WARNINGS_AS_ERRORS}>:-Werror>)
   # Files and directories live by value, also in vectors, and never go by a base pointer.
   target_compile_options(${target} PRIVATE
@@ -23,13 +21,19 @@ endfunction()
 
 # The same for what is handed over: `orlo_compile_product(target)`. A fault that slips through ends
 # the process instead of being of use to somebody. Sanitizers do this in their own way, and the
-# fortified calls need an optimised build.
+# fortified calls need an optimised build. Each function has a section, so that an executable takes
+# those alone that it needs.
 function(orlo_compile_product target)
   orlo_compile(${target})
   if(MSVC OR ORLO_SANITIZE)
     return()
   endif()
-  target_compile_options(${target} PRIVATE -fstack-protector-strong)
+  # No path of this machine gets into a file, and one source gives the same bytes everywhere.
+  target_compile_options(${target} PRIVATE
+    -ffunction-sections -fdata-sections -fstack-protector-strong
+    $<$<BOOL:${ORLO_SYMBOLS}>:-g>
+    $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_SOURCE_DIR}=.>
+    $<$<NOT:$<CONFIG:Debug>>:-ffile-prefix-map=${PROJECT_BINARY_DIR}=build>)
   if(WIN32)
     set(level 2)
   else()
