@@ -6,6 +6,7 @@ if(NOT EXISTS "${program}")
 endif()
 if(NOT EXISTS "${answer}"
    OR NOT "${answer}" IS_NEWER_THAN "${program}"
+   OR NOT "${answer}" IS_NEWER_THAN "${CMAKE_PARENT_LIST_FILE}"
    OR NOT "${answer}" IS_NEWER_THAN "${CMAKE_CURRENT_LIST_FILE}")
   execute_process(
     COMMAND ${runner} "${program}" --gtest_list_tests

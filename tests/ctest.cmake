@@ -10,7 +10,7 @@
 #   sources.PART      layout, layers, headers, scripts
 #   consumer, callers, documents, viewer, packages, needs...
 #
-# `installed`, `locales` and `windows` are fixtures: CTest runs them before what needs them.
+# `installed`, `locales`, `page` and `windows` are fixtures: CTest runs them before what needs them.
 include(GoogleTest)
 include(suites.cmake)
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
@@ -124,11 +124,11 @@ endforeach()
 orlo_script_test(consumer installed ${scripts}/check-consumer native ${installed})
 orlo_script_test(callers installed ${scripts}/check-callers ${tool})
 orlo_script_test(documents installed ${scripts}/check-docs ${tool})
-orlo_script_test(viewer installed ${scripts}/check-viewer ${tool})
-# Both build what they look into, and the packages hold the page that the viewer's test makes.
-orlo_script_test(packages "" ${scripts}/check-packages --twice)
-set_tests_properties(viewer packages PROPERTIES TIMEOUT 3000)
-set_tests_properties(packages PROPERTIES DEPENDS viewer)
+# Both look into the page; they take the longest, and so begin.
+orlo_fixture(page ${scripts}/viewer)
+orlo_script_test(viewer installed,page ${scripts}/check-viewer ${tool})
+orlo_script_test(packages page ${scripts}/check-packages --twice)
+set_tests_properties(viewer packages PROPERTIES TIMEOUT 3000 COST 1000)
 foreach(part layout layers headers scripts)
   orlo_script_test(sources.${part} "" ${scripts}/check-sources ${part})
 endforeach()
