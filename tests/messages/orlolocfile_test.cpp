@@ -453,6 +453,19 @@ TEST_F(languageFile, isReadAtEachLookUpWhileItHasNoEntry)
     EXPECT_EQ(textOf(from, u"key"), string(u"value"));
 }
 
+TEST_F(languageFile, takesTextsThatGrowFarPastItsOwnSize)
+{
+    string lines = u";;cmd(replace:::y:::" + string(900, u'x') + u")\n";
+    for (int number = 0; number < 9; ++number)
+        lines += u"key" + string(static_cast<char16_t>(u'0' + number)) + u" yyy\n";
+    addLanguageFile(mainPath, lines);
+    locFile from{file(mainPath)};
+    for (int number = 0; number < 9; ++number) {
+        const string key = u"key" + string(static_cast<char16_t>(u'0' + number));
+        EXPECT_EQ(textOf(from, key.c_str()), string(2700, u'x')) << number;
+    }
+}
+
 TEST_F(languageFile, asksForItsTimeAtEachLookUp)
 {
     addLanguageFile(mainPath, u"key value\n");

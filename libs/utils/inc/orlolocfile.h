@@ -3,10 +3,13 @@
 
 #include "orlofile.h"
 
+#include <cstddef>
 #include <cstdint>
 #include <forward_list>
 #include <map>
+#include <memory>
 #include <optional>
+#include <string_view>
 #include <vector>
 
 namespace orlo {
@@ -44,9 +47,23 @@ public:
 
 private:
     struct keyOrder { // by unit, as that of the texts themselves, but many units at a time
-        bool operator()(const string& a, const string& b) const;
+        bool operator()(std::u16string_view a, std::u16string_view b) const;
     };
-    using entryMap = std::map<string, string, keyOrder>;
+    // Copies of keys and values side by side, as a large file has very many of them. Behind each
+    // stands a zero. They stay until all go.
+    class textStore {
+    public:
+        // Makes room for copies of so many units at once; there may come more.
+        void expect(std::size_t units);
+        std::u16string_view keep(std::u16string_view text);
+        void clear();
+
+    private:
+        std::vector<std::unique_ptr<char16_t[]>> m_blocks;
+        char16_t* m_free = nullptr; // in the last of them
+        std::size_t m_left = 0;
+    };
+    using entryMap = std::map<std::u16string_view, std::u16string_view, keyOrder>;
     struct walk; // over a file and those that it includes
     enum class includes { none };
 
@@ -55,13 +72,15 @@ private:
     bool load(const std::optional<fileStatus>& found);
     bool readEntries(const std::optional<fileStatus>& found);
     void loadOverride();
-    void applyCommands(entryMap& entries) const;
+    void applyCommands(locFile& target) const;
+    void forgetEntries();
 
     std::forward_list<locFile> m_includes;
     file m_overrideFile;
     std::int64_t m_overrideTime = 0;
     std::vector<string> m_commands;
-    entryMap m_entries;
+    textStore m_texts;
+    entryMap m_entries; // of texts in m_texts
     std::int64_t m_fileTime = 0;
 };
 

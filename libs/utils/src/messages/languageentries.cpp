@@ -31,6 +31,12 @@ constexpr bool isBlank(char16_t unit)
     return unit == u' ' || unit == u'\t';
 }
 
+// Or shows that the line has none.
+constexpr bool endsKey(char16_t unit)
+{
+    return isBlank(unit) || unit == commentMark;
+}
+
 view trimmedRight(view text, view set)
 {
     return text.substr(0, text.find_last_not_of(set) + 1);
@@ -71,9 +77,11 @@ view trimmedLine(view line)
 }
 
 // Without a way out of the loop a compiler looks at many units at once.
-languageLines::languageLines(view text) : m_rest(text), m_hasZeros(false)
+languageLines::languageLines(view text) : m_rest(text)
 {
-    for (const char16_t unit : text) m_hasZeros |= unit == u'\0';
+    char16_t least = 1;
+    for (const char16_t unit : text) least = std::min(least, unit);
+    m_hasZeros = least == 0;
 }
 
 bool languageLines::next(view& line)
@@ -113,17 +121,17 @@ namespace {
 // A line without a blank holds no entry, and one with a ";" in its key is a comment.
 void startEntry(view line, languageStep& step)
 {
-    const auto blank =
-        static_cast<std::size_t>(std::find_if(line.begin(), line.end(), isBlank) - line.begin());
-    step.key = line.substr(0, blank);
+    const auto first = std::find_if(line.begin(), line.end(), endsKey);
+    const auto last = std::find_if(first, line.end(), isBlank);
+    step.key = view(line.begin(), last);
     step.value = {};
-    if (step.key.find(commentMark) != view::npos) {
+    if (first != last) {
         step.what = languageStep::kind::comment;
-    } else if (blank == line.size()) {
+    } else if (last == line.end()) {
         step.what = languageStep::kind::keyAlone;
     } else {
         step.what = languageStep::kind::begins;
-        step.value = trimmedLeft(line.substr(blank), blanks);
+        step.value = trimmedLeft(view(last, line.end()), blanks);
     }
 }
 

@@ -1,8 +1,9 @@
 // A language file is read whole, and given back after each pass: once for the include lines when
-// the object is made, and at each load for commands and entries, which go into the map one by
-// one. Included files are objects of the same kind, with entries and times of their own; a
-// look-up goes through them from the outermost inwards. What stops a circle of includes is a
-// look back at the files on the way to a line when it is read.
+// the object is made, and at each load for commands and entries. These are copied side by side, as
+// two texts of its own for each of very many would take twice the time. Included files are objects
+// of the same kind, with entries and times of their own; a look-up goes through them from the
+// outermost inwards. What stops a circle of includes is a look back at the files on the way to a
+// line when it is read.
 #include "orlolocfile.h"
 
 #include "files/filecontent.h"
@@ -10,6 +11,7 @@
 #include "messages/languagetext.h"
 #include "orlopath.h"
 #include "orlostringtemplate.h"
+#include "platform/platform.h"
 
 #include <algorithm>
 #include <cstddef>
@@ -44,9 +46,9 @@ std::int64_t timeOf(const std::optional<fileStatus>& status)
 
 } // namespace
 
-// Keys of one file often begin alike, and half of the time of a load went into looking for the
-// first unit in which two of them differ.
-inline bool locFile::keyOrder::operator()(const string& a, const string& b) const
+// Keys of one file often begin alike, so that half of a load would go into looking for the first
+// unit in which two of them differ.
+inline bool locFile::keyOrder::operator()(std::u16string_view a, std::u16string_view b) const
 {
     constexpr std::size_t block = 4;
     const std::size_t common = std::min(a.size(), b.size());
@@ -55,6 +57,31 @@ inline bool locFile::keyOrder::operator()(const string& a, const string& b) cons
         at += block;
     while (at < common && a[at] == b[at]) ++at;
     return at < common ? a[at] < b[at] : a.size() < b.size();
+}
+
+void locFile::textStore::expect(std::size_t units)
+{
+    m_blocks.push_back(std::make_unique_for_overwrite<char16_t[]>(units));
+    m_free = m_blocks.back().get();
+    m_left = units;
+    platform::expectFilling(m_free, units * sizeof(char16_t));
+}
+
+std::u16string_view locFile::textStore::keep(std::u16string_view text)
+{
+    constexpr std::size_t usualBlock = 2048;
+    const std::size_t needed = text.size() + 1;
+    if (needed > m_left) expect(std::max(needed, usualBlock));
+    const std::u16string_view kept(m_free, text.size());
+    *std::copy(text.begin(), text.end(), m_free) = 0;
+    m_free += needed;
+    m_left -= needed;
+    return kept;
+}
+
+void locFile::textStore::clear()
+{
+    *this = {};
 }
 
 // Files wait in lists: a chain of includes may be longer than the call stack.
@@ -74,8 +101,8 @@ struct locFile::walk {
         locFile* asked;
         string key;
     };
-    static const string* find(locFile& root, const char16_t* key);
-    static bool ask(locFile& asked, string& key, const string*& value);
+    static const char16_t* find(locFile& root, const char16_t* key);
+    static bool ask(locFile& asked, string& key, const char16_t*& value);
 };
 
 // Lines for which there is no memory include nothing.
@@ -120,7 +147,7 @@ bool locFile::walk::isOnTheWay(const family& files, std::size_t self, const stri
 
 // The value for a key, or null. Each included file is asked with the key to which the aliases
 // around it have led, and those that it includes before the next one.
-const string* locFile::walk::find(locFile& root, const char16_t* key)
+const char16_t* locFile::walk::find(locFile& root, const char16_t* key)
 {
     std::vector<question> open; // the next one stands last
     open.push_back({&root, string(key ? key : u"")});
@@ -128,7 +155,7 @@ const string* locFile::walk::find(locFile& root, const char16_t* key)
         question next = std::move(open.back());
         open.pop_back();
         next.key = string(trimmedLine(next.key));
-        const string* value = nullptr;
+        const char16_t* value = nullptr;
         if (!ask(*next.asked, next.key, value)) continue;
         if (value) return value;
         const auto first = static_cast<std::ptrdiff_t>(open.size());
@@ -141,7 +168,7 @@ const string* locFile::walk::find(locFile& root, const char16_t* key)
 // Follows aliases within this file, and leaves in `key` the last one that was sought. A value
 // that would close a circle is itself the text. False, so that its includes are not asked
 // either, if the file can't be read.
-bool locFile::walk::ask(locFile& asked, string& key, const string*& value)
+bool locFile::walk::ask(locFile& asked, string& key, const char16_t*& value)
 {
     std::set<string> walked;
     while (true) {
@@ -149,13 +176,13 @@ bool locFile::walk::ask(locFile& asked, string& key, const string*& value)
         const auto entry = asked.m_entries.find(key);
         if (entry == asked.m_entries.end()) return true;
         if (!entry->second.starts_with(aliasMark)) {
-            value = &entry->second;
+            value = entry->second.data();
             return true;
         }
         walked.insert(std::move(key));
-        key = entry->second.substr(aliasMark.size());
+        key = string(entry->second.substr(aliasMark.size()));
         if (walked.count(key) > 0) {
-            value = &entry->second;
+            value = entry->second.data();
             return true;
         }
     }
@@ -194,20 +221,20 @@ locFile::locFile(includes, const file& source) : file(source) {}
 // is its own matter.
 bool locFile::lookup(const char16_t* key, stringTemplate& text)
 {
-    const string* value = nullptr;
+    const char16_t* value = nullptr;
     try {
         value = walk::find(*this, key);
     } catch (const std::bad_alloc&) {
         return false;
     }
-    if (value) text.setText(value->c_str());
+    if (value) text.setText(value);
     return value != nullptr;
 }
 
 void locFile::setOverrideFile(const file& overrideFile)
 {
     m_overrideFile = overrideFile;
-    m_entries.clear();
+    forgetEntries();
 }
 
 // Each file is asked but once for its status, which tells too how much of it there is to read.
@@ -222,14 +249,14 @@ bool locFile::refresh()
 bool locFile::load(const std::optional<fileStatus>& found)
 {
     m_fileTime = timeOf(found);
-    m_entries.clear();
+    forgetEntries();
     const bool loaded = readEntries(found);
     try {
-        applyCommands(m_entries);
+        applyCommands(*this);
         loadOverride();
         return loaded;
     } catch (...) {
-        m_entries.clear(); // so that the next look-up does not take the half for the whole
+        forgetEntries(); // so that the next look-up does not take the half for the whole
         return false;
     }
 }
@@ -243,9 +270,11 @@ bool locFile::readEntries(const std::optional<fileStatus>& found)
         if (!text) return false;
         readCommands(*text, m_commands);
         languageEntries entries(*text);
+        m_texts.expect(text->size());
         // Files in the order of their keys are the usual ones: each entry goes to the end.
         for (languageEntry entry; entries.next(entry);)
-            m_entries.try_emplace(m_entries.end(), std::move(entry.key), std::move(entry.value));
+            m_entries.try_emplace(m_entries.end(), m_texts.keep(entry.key),
+                                  m_texts.keep(entry.value));
         return true;
     } catch (...) {
         return false;
@@ -259,20 +288,29 @@ void locFile::loadOverride()
     if (!found) return;
     locFile overriding(includes::none, m_overrideFile);
     overriding.load(found);
-    for (auto& [key, value] : overriding.m_entries)
-        m_entries.insert_or_assign(key, std::move(value));
-    overriding.applyCommands(m_entries);
+    for (const auto& [key, value] : overriding.m_entries)
+        m_entries.insert_or_assign(m_texts.keep(key), m_texts.keep(value));
+    overriding.applyCommands(*this);
 }
 
-void locFile::applyCommands(entryMap& entries) const
+void locFile::applyCommands(locFile& target) const
 {
     std::vector<string> parts;
     for (const string& command : m_commands) {
         const bool replaces =
             command.split(commandSeparator, parts) && parts.size() >= 3 && parts[0] == u"replace";
         if (!replaces) continue;
-        for (auto& [key, value] : entries) value.replaceAll(parts[1], parts[2]);
+        for (auto& [key, value] : target.m_entries) {
+            if (value.find(parts[1]) == value.npos) continue;
+            value = target.m_texts.keep(string(value).replaceAll(parts[1], parts[2]));
+        }
     }
+}
+
+void locFile::forgetEntries()
+{
+    m_entries.clear();
+    m_texts.clear();
 }
 
 } // namespace orlo
