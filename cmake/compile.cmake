@@ -49,6 +49,10 @@ function(orlo_compile_product target)
     $<$<NOT:$<CONFIG:Debug>>:-D_FORTIFY_SOURCE=${level}>)
 endfunction()
 
+# For sources that run once, or seldom, or spend their time elsewhere: loops that are doubled and
+# copied for speed would only make them larger. To be added to their options.
+set(orlo_keep_small "$<$<AND:$<CONFIG:Release>,$<NOT:$<CXX_COMPILER_ID:MSVC>>>:-O2>")
+
 # How an executable that is handed over is linked: `orlo_link(target)`. One file that runs wherever
 # it is copied, at addresses that nobody can foretell.
 function(orlo_link target)
