@@ -3,9 +3,11 @@
 #include "files/filecontent.h"
 #include "orloexception.h"
 #include "platform/platform.h"
+#include "text/unitsearch.h"
 #include "xml/xmlencoding.h"
 #include "xml/xmlreader.h"
 #include "xml/xmlsource.h"
+#include "xml/xmlwriter.h"
 
 #include <algorithm>
 #include <array>
@@ -14,7 +16,6 @@
 #include <new>
 #include <numeric>
 #include <span>
-#include <string>
 #include <string_view>
 
 namespace orlo {
@@ -32,31 +33,82 @@ fileContent readWhole(const file& source, std::int32_t size)
     }
 }
 
-// The document as one text.
-string textOf(const xmlDocument& document, xmlEncoding encoding)
-{
-    constexpr std::size_t declarationRoom = 40;
-    string text;
-    text.reserve(document.estimateSize(0) + declarationRoom);
-    platform::expectFilling(text.data(), text.capacity() * sizeof(char16_t));
-    xmlDocument::writeDeclaration(text, encoding);
-    document.writeNode(text, string::emptyString());
-    return text;
-}
+// --- Writing -------------------------------------------------------------------------------
 
-// Each piece is encoded by itself, so a surrogate pair across the border of two pieces becomes two
-// lone halves, and a zero unit drops the rest of its piece.
+// The text is encoded in pieces, each by itself: a surrogate pair across the border of two becomes
+// two lone halves, and a zero unit drops the rest of its piece.
+constexpr std::size_t pieceUnits = 256;
+
 void appendUtf8(byteBuffer& out, std::u16string_view text)
 {
-    constexpr std::size_t pieceUnits = 256;
     std::array<char, 3 * pieceUnits> bytes;
     for (; !text.empty(); text.remove_prefix(std::min(text.size(), pieceUnits))) {
         const std::u16string_view piece = text.substr(0, pieceUnits);
-        const std::size_t length = platform::encodeUtf8(piece.data(), piece.size(), bytes.data());
+        const std::u16string_view kept = piece.substr(0, indexOfUnit(piece, u'\0'));
+        if (kept.empty()) continue;
+        const std::size_t length = platform::encodeUtf8(kept.data(), kept.size(), bytes.data());
         if (length == 0) throw false;
-        out.append(bytes.data(),
-                   std::min(std::string_view(bytes.data(), length).find('\0'), length));
+        out.append(bytes.data(), length);
     }
+}
+
+// Encodes a text while it grows at its end, so that it never stands there whole and what has been
+// written of it is still at hand in the processor.
+class textEncoder {
+public:
+    // Entities take a little more than expected, and so do characters beyond ASCII.
+    textEncoder(xmlEncoding encoding, std::size_t expectedUnits) : m_encoding(encoding)
+    {
+        m_encoded.reserve(encoding == xmlEncoding::utf8 ? expectedUnits + expectedUnits / 8
+                                                        : 2 * expectedUnits);
+    }
+
+    // Takes the pieces that are complete, when they are many.
+    void takePieces(string& text)
+    {
+        constexpr std::size_t many = 64 * pieceUnits;
+        if (text.size() >= many) take(text, text.size() / pieceUnits * pieceUnits);
+    }
+    void takeAll(string& text) { take(text, text.size()); }
+    void appendTo(byteBuffer& out) const;
+
+private:
+    void take(string& text, std::size_t units);
+    void makeRoom(std::size_t units);
+
+    xmlEncoding m_encoding;
+    byteBuffer m_encoded;
+    std::size_t m_units = 0;
+};
+
+void textEncoder::take(string& text, std::size_t units)
+{
+    makeRoom(units);
+    if (m_encoding == xmlEncoding::utf8)
+        appendUtf8(m_encoded, std::u16string_view(text).substr(0, units));
+    else
+        m_encoded.append(text.data(), units * sizeof(char16_t));
+    m_units += units;
+    text.erase(0, units);
+}
+
+// By half of what is there as well: the buffer itself grows to the exact need of each append.
+void textEncoder::makeRoom(std::size_t units)
+{
+    const std::size_t mostUnitBytes = m_encoding == xmlEncoding::utf8 ? 3 : sizeof(char16_t);
+    const std::size_t needed = m_encoded.size() + units * mostUnitBytes;
+    if (needed > m_encoded.capacity()) m_encoded.reserve(needed + m_encoded.size() / 2);
+}
+
+void textEncoder::appendTo(byteBuffer& out) const
+{
+    constexpr char16_t terminator = 0;
+    const bool isUtf8 = m_encoding == xmlEncoding::utf8;
+    out.reserve(out.size() +
+                (isUtf8 ? m_units + m_units / 2 : m_encoded.size() + sizeof terminator));
+    if (isUtf8) out.append(utf8Mark.data(), utf8Mark.size());
+    out.append(m_encoded.data(), m_encoded.size());
+    if (!isUtf8) out.append(&terminator, sizeof terminator);
 }
 
 // --- Reading -------------------------------------------------------------------------------
@@ -172,14 +224,13 @@ void xmlDocument::save(const file& target, xmlEncoding encoding) const
 
 void xmlDocument::writeBuffer(byteBuffer& out, xmlEncoding encoding) const
 {
-    const string whole = textOf(*this, encoding);
-    if (encoding == xmlEncoding::utf8) {
-        out.reserve(out.size() + whole.size() + whole.size() / 2);
-        out.append(utf8Mark.data(), utf8Mark.size());
-        appendUtf8(out, whole);
-    } else {
-        out.append(whole.c_str(), (whole.size() + 1) * sizeof(char16_t));
-    }
+    textEncoder written(encoding, estimateSize(0));
+    string pending;
+    writeDeclaration(pending, encoding);
+    detail::writeTree<xmlNode>(*this, pending, string::emptyString(),
+                               [&] { written.takePieces(pending); });
+    written.takeAll(pending);
+    written.appendTo(out);
 }
 
 void xmlDocument::writeDeclaration(string& out, xmlEncoding encoding)

@@ -102,7 +102,7 @@ const char16_t* xmlNode::parseText(const char16_t* source, bool keepWhitespace,
 
 void xmlNode::writeNode(string& out, const string& indent) const
 {
-    detail::writeTree(*this, out, indent);
+    detail::writeTree(*this, out, indent, [] {});
 }
 
 std::size_t xmlNode::estimateSize(std::size_t width) const

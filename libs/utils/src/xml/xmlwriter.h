@@ -127,14 +127,22 @@ std::size_t estimateNode(const Node& node, std::size_t width)
     return size + 4;
 }
 
-// Appends a node and all below it; `Node` is xmlNode, which this header need not know.
-template <class Node>
-void writeTree(const Node& root, string& out, const string& indent)
+// Appends a node and all below it; `Node` is xmlNode, which this header need not know. `afterTag()`
+// may take from `out` what stands there.
+template <class Node, class AfterTag>
+void writeTree(const Node& root, string& out, const string& indent, AfterTag afterTag)
 {
     treeWriter<Node> writer(out, indent);
     walkTree(
-        root, [&](const Node& node, std::size_t depth) { writer.writeStart(node, depth); },
-        [&](const Node& node, std::size_t depth) { writer.writeEnd(node, depth); });
+        root,
+        [&](const Node& node, std::size_t depth) {
+            writer.writeStart(node, depth);
+            afterTag();
+        },
+        [&](const Node& node, std::size_t depth) {
+            writer.writeEnd(node, depth);
+            afterTag();
+        });
 }
 
 // A guess at the units that this takes.
