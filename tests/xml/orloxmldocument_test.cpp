@@ -1,6 +1,7 @@
 #include "orloxmldocument.h"
 
 #include "orloexception.h"
+#include "platform/platform.h"
 #include "support/allocations.h"
 #include "support/judgexml.h"
 #include "support/machine.h"
@@ -9,6 +10,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <cstring>
 #include <functional>
 #include <random>
@@ -738,6 +740,34 @@ TEST_F(xmlWriteBuffer, convertsInPiecesOf256Units)
     document->text = string(std::u16string(1000 - unitsBeforeText - 5, u'x'));
     (void)encoded(*document, xmlEncoding::utf8);
     EXPECT_EQ(here.countCalls("encodeUtf8"), 4u);
+}
+
+// Pairs stand at all distances from the borders of pieces, all through a document.
+TEST_F(xmlWriteBuffer, aLongDocumentIsItsWholeTextInPiecesOf256Units)
+{
+    document->name = u"a";
+    for (std::size_t number = 0; number < 4000; ++number) {
+        const auto child = document->addChild(u"b");
+        child->text = string(std::u16string(number % 97, u'x')) + u"\U0001F600<&";
+    }
+    string text;
+    xmlDocument::writeDeclaration(text, xmlEncoding::utf8);
+    document->writeNode(text, string());
+    ASSERT_GT(text.size(), 200000u);
+    std::string expected = utf8Mark;
+    for (std::size_t at = 0; at < text.size(); at += pieceUnits) {
+        const string piece = text.substr(at, pieceUnits);
+        char bytes[3 * pieceUnits];
+        expected.append(bytes, platform::encodeUtf8(piece.data(), piece.size(), bytes));
+    }
+    byteBuffer written;
+    document->writeBuffer(written, xmlEncoding::utf8);
+    EXPECT_TRUE(encoded(*document, xmlEncoding::utf8) == expected);
+    EXPECT_EQ(written.capacity(), std::max(text.size() + text.size() / 2, expected.size()));
+
+    xmlDocument::writeDeclaration(text, xmlEncoding::utf16);
+    document->writeNode(text, string());
+    EXPECT_TRUE(encoded(*document, xmlEncoding::utf16) == unitBytes(text + string(u"\0", 1)));
 }
 
 TEST_F(xmlWriteBuffer, throwsFalseForAPieceThatConvertsToNothing)
