@@ -182,6 +182,8 @@ template <class Node, class Source>
 auto treeReader<Node, Source>::findTag(place at) const -> place
 {
     const auto passedOverAt = [this](place tag) -> const passedOverMarkup* {
+        const char16_t mark = unitAt(tag + 1);
+        if (mark != u'!' && mark != u'?') return nullptr; // as nearly always
         for (const passedOverMarkup& each : passedOver)
             if (startsWith(tag, each.opening)) return &each;
         return nullptr;
