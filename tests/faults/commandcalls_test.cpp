@@ -314,10 +314,12 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
                 call.operation == "decode" || (call.operation == "readFile" && call.nth == 2);
             // The title stands in the half that a short read gives.
             const bool half = call.operation == "readFile" && machine::current().shortTransfers;
-            // For each text it is searched, and then asked for its time and size.
+            // For each text it is searched, and then asked for its time and size: once more if that
+            // is not told.
             const bool asks = asksFor(call, asking::languagePath);
-            if ((reads && half) || (asks && call.nth > 2)) return answered(withDefaultMessage);
-            if (opens || reads || asks) return answered(withDefaultTitle);
+            if ((reads && half) || (asks && call.nth == 3)) return answered(withDefaultMessage);
+            if (opens || reads || (asks && call.nth == 1)) return answered(withDefaultTitle);
+            if (asks) return answered(given.whole);
             return afterAsking(call, given);
         });
 }

@@ -69,7 +69,7 @@ private:
 
     locFile(includes, const file& source);
     bool refresh();
-    bool load(const std::optional<fileStatus>& found);
+    bool load(std::optional<fileStatus> found);
     bool readEntries(const std::optional<fileStatus>& found);
     void loadOverride();
     void applyCommands(locFile& target) const;

@@ -29,8 +29,8 @@ public:
 private:
     std::u16string_view m_rest;
     std::size_t m_number = 0;
-    bool m_complete = true; // the current line has come with its line feed
-    bool m_hasZeros;        // nearly no text has one
+    bool m_complete = true;  // the current line has come with its line feed
+    bool m_hasZeros = false; // nearly no text has one
 };
 
 // The text of an entry on one line, and what the line holds beside it.

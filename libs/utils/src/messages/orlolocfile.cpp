@@ -39,6 +39,22 @@ std::optional<fileStatus> statusOfFile(const file& which)
     return status && (status->mode & fileStatus::directoryBit) ? std::nullopt : status;
 }
 
+struct replacement {
+    string from;
+    string to;
+};
+
+std::vector<replacement> replacementsOf(const std::vector<string>& commands)
+{
+    std::vector<replacement> found;
+    std::vector<string> parts;
+    for (const string& command : commands) {
+        if (command.split(commandSeparator, parts) && parts.size() >= 3 && parts[0] == u"replace")
+            found.push_back({parts[1], parts[2]});
+    }
+    return found;
+}
+
 std::int64_t timeOf(const std::optional<fileStatus>& status)
 {
     return status ? status->modificationTime : 0;
@@ -237,7 +253,7 @@ void locFile::setOverrideFile(const file& overrideFile)
     forgetEntries();
 }
 
-// Each file is asked but once for its status, which tells too how much of it there is to read.
+// The status that tells the time also tells how much there is to read.
 bool locFile::refresh()
 {
     const std::optional<fileStatus> found = statusOf(*this);
@@ -246,8 +262,10 @@ bool locFile::refresh()
     return isCurrent || load(found);
 }
 
-bool locFile::load(const std::optional<fileStatus>& found)
+// A file whose time could not be told is asked once more whether it is there.
+bool locFile::load(std::optional<fileStatus> found)
 {
+    if (!found) found = statusOf(*this);
     m_fileTime = timeOf(found);
     forgetEntries();
     const bool loaded = readEntries(found);
@@ -293,17 +311,15 @@ void locFile::loadOverride()
     overriding.applyCommands(*this);
 }
 
+// Text by text, so that each is kept but once, however many commands change it.
 void locFile::applyCommands(locFile& target) const
 {
-    std::vector<string> parts;
-    for (const string& command : m_commands) {
-        const bool replaces =
-            command.split(commandSeparator, parts) && parts.size() >= 3 && parts[0] == u"replace";
-        if (!replaces) continue;
-        for (auto& [key, value] : target.m_entries) {
-            if (value.find(parts[1]) == value.npos) continue;
-            value = target.m_texts.keep(string(value).replaceAll(parts[1], parts[2]));
-        }
+    const std::vector<replacement> replacements = replacementsOf(m_commands);
+    if (replacements.empty()) return;
+    for (auto& [key, value] : target.m_entries) {
+        string text(value);
+        for (const auto& [from, to] : replacements) text.replaceAll(from, to);
+        if (text != value) value = target.m_texts.keep(text);
     }
 }
 
