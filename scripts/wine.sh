@@ -5,6 +5,7 @@
 buildFolder=$(cd "$(dirname "${BASH_SOURCE[0]}")/.." && pwd)/build
 export WINEPREFIX=${WINEPREFIX:-$buildFolder/wine}
 export WINEDEBUG=-all
+export LC_ALL=C.UTF-8 # names of files are Unicode to Windows programs
 # Nobody is there to be asked about these.
 export WINEDLLOVERRIDES="mscoree=;mshtml=;winemenubuilder.exe="
 

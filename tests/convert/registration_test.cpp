@@ -61,7 +61,7 @@ int goBeforeTheRegistryIsMade()
     return convert(to, apple{}) || to.weight != 0 ? failedAt(__LINE__) : 0;
 }
 
-TEST(converterGroup, leavesNothingWhereItGoesBeforeTheRegistryIsMade)
+TEST(converterGroupSystem, leavesNothingWhereItGoesBeforeTheRegistryIsMade)
 {
     GTEST_FLAG_SET(death_test_style, "threadsafe");
     EXPECT_EXIT(std::_Exit(goBeforeTheRegistryIsMade()), testing::ExitedWithCode(0), "");

@@ -33,7 +33,6 @@ before(async () => {
     page.setDefaultTimeout(120_000);
     page.on("request", (request) => requests.push(request.url()));
     page.on("pageerror", (error) => errors.push(String(error)));
-    await page.setViewport({ width: 1280, height: 1000 });
     await page.goto(pageUrl);
     await page.evaluate(() =>
         document.documentElement.style.setProperty("--font", '"DejaVu Sans"'),

@@ -42,6 +42,9 @@ export function startFirefox(display: string): Promise<Browser> {
         browser: "firefox",
         executablePath: "/usr/bin/firefox-esr",
         headless: false,
+        // A size of the page apart from the window's is what older ones can't be told.
+        defaultViewport: null,
+        args: ["--width=1280", "--height=1100"],
         extraPrefsFirefox: {
             "webgl.force-enabled": true,
             "intl.accept_languages": "en",
