@@ -2,6 +2,7 @@
 // for requests and errors.
 import { mkdirSync, readFileSync, writeFileSync } from "node:fs";
 import { join } from "node:path";
+import { setTimeout as pause } from "node:timers/promises";
 import { pathToFileURL } from "node:url";
 import puppeteer, {
     type Browser,
@@ -144,17 +145,22 @@ export async function choose(page: Page, set: 0 | 1, ...paths: string[]): Promis
 
 export async function settled(page: Page, paths: string[]): Promise<void> {
     const names = paths.map((path) => path.split("/").pop()!);
-    await page.waitForFunction(
-        (wanted: string[]) => {
+    await until(() =>
+        page.evaluate((wanted: string[]) => {
             const all = [...document.querySelectorAll(".fileName, .problem span")].map(
                 (each) => each.textContent ?? "",
             );
             const reading = (document.getElementById("status")?.textContent ?? "").includes("…");
             return !reading && wanted.every((name) => all.some((text) => text.startsWith(name)));
-        },
-        {},
-        names,
+        }, names),
     );
+}
+
+// Asks from here, again and again: to wait inside the page, older browsers would need what its
+// policy forbids.
+async function until(holds: () => Promise<boolean>): Promise<void> {
+    for (const end = Date.now() + 120_000; !(await holds()); await pause(50))
+        if (Date.now() > end) throw new Error("what was waited for did not come");
 }
 
 // Real files, dragged from outside over the middle of an element and dropped there.
@@ -178,7 +184,7 @@ export async function clear(page: Page): Promise<void> {
         )
             each.click();
     });
-    await page.waitForSelector("#content", { hidden: true });
+    await until(() => page.$eval("#content", (each) => !each.checkVisibility()));
 }
 
 export function textOf(page: Page, selector: string): Promise<string> {
