@@ -5,6 +5,8 @@
 #include <string>
 #include <string_view>
 
+namespace orlobytebufferTest {
+
 using orlo::byteBuffer;
 
 namespace {
@@ -102,3 +104,5 @@ TEST(byteBuffer, takesItsOwnBytes)
     buffer.append(buffer.data(), buffer.size());
     EXPECT_EQ(bytesOf(buffer), "abcabc");
 }
+
+} // namespace orlobytebufferTest

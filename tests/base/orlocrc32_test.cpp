@@ -7,6 +7,8 @@
 #include <string_view>
 #include <type_traits>
 
+namespace orlocrc32Test {
+
 namespace {
 
 std::uint32_t checksum(std::string_view bytes)
@@ -111,3 +113,5 @@ TEST(crc32, hasADestructorAsItsOnlyVirtualOperationAndOneField)
 }
 
 } // namespace
+
+} // namespace orlocrc32Test

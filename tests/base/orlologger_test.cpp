@@ -6,6 +6,8 @@
 
 #include <type_traits>
 
+namespace orlologgerTest {
+
 using orlolog::logger;
 
 namespace {
@@ -100,3 +102,5 @@ TEST(logger, sharesOneObjectBaseVirtually)
 }
 
 } // namespace
+
+} // namespace orlologgerTest

@@ -6,6 +6,8 @@
 
 #include <thread>
 
+namespace orlomutexTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -128,3 +130,5 @@ TEST_F(mutexLockTest, releasesWhenAnExceptionPasses)
         int);
     EXPECT_EQ(here.countCalls("unlockMutex"), 1u);
 }
+
+} // namespace orlomutexTest

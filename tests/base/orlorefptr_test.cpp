@@ -8,6 +8,8 @@
 #include <thread>
 #include <utility>
 
+namespace orlorefptrTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -177,3 +179,5 @@ TEST(refptr, accessThroughAnEmptyOneFailsAnAssertion)
                   u"Assertion failed:\nm_p != NULL\n\nFile: libs/utils/inc/orlorefptr\nLine: 315");
     }
 }
+
+} // namespace orlorefptrTest

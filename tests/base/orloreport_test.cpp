@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orloreportTest {
+
 using namespace orlo;
 using orlo::tests::allocationFault;
 using orlo::tests::machine;
@@ -225,3 +227,5 @@ TEST_F(assertionTest, formatsAtMost1023Units)
     EXPECT_FALSE(thrownByAssertion(condition.c_str(), u"file", 3));
     EXPECT_EQ(shown(), heading + u"A");
 }
+
+} // namespace orloreportTest

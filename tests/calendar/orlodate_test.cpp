@@ -11,6 +11,8 @@
 #include <limits>
 #include <type_traits>
 
+namespace orlodateTest {
+
 using orlo::date;
 using orlo::days;
 using orlo::string;
@@ -396,3 +398,5 @@ TEST(date, refusesTheWordsWhereThereIsNoLocalTime)
 }
 
 } // namespace
+
+} // namespace orlodateTest

@@ -9,6 +9,8 @@
 #include <limits>
 #include <type_traits>
 
+namespace orlotimeTest {
+
 namespace {
 
 using orlo::date;
@@ -197,3 +199,5 @@ TEST(timestamp, convertsToItsDate)
 }
 
 } // namespace
+
+} // namespace orlotimeTest

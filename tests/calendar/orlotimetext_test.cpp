@@ -7,6 +7,8 @@
 
 #include <limits>
 
+namespace orlotimetextTest {
+
 using orlo::localTimeText;
 using orlo::tests::machine;
 
@@ -111,3 +113,5 @@ TEST_F(timeText, survivesTimesThatNobodyKnows)
         EXPECT_EQ(localTimeText(time), u"");
     }
 }
+
+} // namespace orlotimetextTest

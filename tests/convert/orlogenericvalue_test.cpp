@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace orlogenericvalueTest {
+
 namespace {
 
 using orlo::genericValue;
@@ -278,3 +280,5 @@ TEST(genericValue, refusesOtherPointers)
 }
 
 } // namespace
+
+} // namespace orlogenericvalueTest

@@ -16,6 +16,8 @@
 #include <string>
 #include <type_traits>
 
+namespace orloprimitivesTest {
+
 namespace {
 
 using namespace orlo::typeconvert;
@@ -868,3 +870,5 @@ TEST(integerToText, comesBackAsTheSameNumberForRandomValues)
 }
 
 } // namespace
+
+} // namespace orloprimitivesTest

@@ -19,6 +19,8 @@
 #include <utility>
 #include <vector>
 
+namespace orlotypeconvertTest {
+
 namespace {
 
 using namespace orlo::typeconvert;
@@ -671,3 +673,5 @@ TEST(registryLock, keepsThreadsApart)
 }
 
 } // namespace
+
+} // namespace orlotypeconvertTest

@@ -6,6 +6,8 @@
 
 #include <cstdlib>
 
+namespace registrationTest {
+
 namespace {
 
 using namespace orlo::typeconvert;
@@ -68,3 +70,5 @@ TEST(converterGroupSystem, leavesNothingWhereItGoesBeforeTheRegistryIsMade)
 }
 
 } // namespace
+
+} // namespace registrationTest

@@ -9,6 +9,8 @@
 #include <functional>
 #include <optional>
 
+namespace commandcallsTest {
+
 using namespace orlo::tests;
 using orlo::narrow;
 using orlo::string;
@@ -323,3 +325,5 @@ TEST(getncsCalls, textsOfALanguageFileThatFailsAreTheDefaultOnes)
             return afterAsking(call, given);
         });
 }
+
+} // namespace commandcallsTest

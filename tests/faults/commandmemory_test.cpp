@@ -6,6 +6,8 @@
 
 #include <algorithm>
 
+namespace commandmemoryTest {
+
 using namespace orlo::tests;
 using namespace taven::tests;
 
@@ -192,3 +194,5 @@ TEST(getncsMemory, usesDefaultTextsWhereTheLanguageFileCannotBeRead)
     EXPECT_EQ(machine::current().content(asking::resultPath), answers[0])
         << "the last run, in which nothing failed";
 }
+
+} // namespace commandmemoryTest

@@ -4,6 +4,8 @@
 #include "orloxmldocument.h"
 #include "support/languagefile.h"
 
+namespace depthTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -60,3 +62,5 @@ TEST(depth, ofAWidthOrAPrecisionIsTheLengthOfItsText)
     EXPECT_EQ(precise.text().size(), 100000001u);
     EXPECT_TRUE(precise.text().starts_with(u"0.50") && precise.text().ends_with(u"00"));
 }
+
+} // namespace depthTest

@@ -19,6 +19,8 @@
 #include <functional>
 #include <optional>
 
+namespace librarymemoryTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -798,3 +800,5 @@ TEST(treeMemory, aBufferGrowsOrStaysAsItIs)
         })
         .run();
 }
+
+} // namespace librarymemoryTest

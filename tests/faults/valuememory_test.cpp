@@ -15,6 +15,8 @@
 #include <cstddef>
 #include <memory>
 
+namespace valuememoryTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -336,3 +338,5 @@ TEST(nodeMemory, aTextIsReadOrFailsByTheLibrarysOwnException)
         .mayStopHalfWay()
         .run();
 }
+
+} // namespace valuememoryTest

@@ -10,6 +10,8 @@
 #include <utility>
 #include <vector>
 
+namespace orlodirectoryTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -252,3 +254,5 @@ TEST_F(directoryTest, becomesAFileByWayOfText)
     EXPECT_TRUE(typeconvert::convert(converted, folder));
     EXPECT_EQ(converted.path(), string(u"C:\\d"));
 }
+
+} // namespace orlodirectoryTest

@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+namespace orlofileTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -536,3 +538,5 @@ TEST_F(fileSearchTest, findsFilesInTheRootOfADriveAndOnAServer)
     EXPECT_EQ(pathsOf(directory(u"\\\\srv\\share").findFiles(u"*.x", 0)),
               (paths{u"\\\\srv\\share\\b.x"}));
 }
+
+} // namespace orlofileTest

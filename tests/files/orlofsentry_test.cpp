@@ -10,6 +10,8 @@
 #include <stdexcept>
 #include <type_traits>
 
+namespace orlofsentryTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -150,3 +152,5 @@ TEST_F(entry, isAPlainValueWithoutVirtualDestructor)
     EXPECT_FALSE(std::has_virtual_destructor_v<directory>);
     EXPECT_TRUE(std::is_abstract_v<fsEntry>);
 }
+
+} // namespace orlofsentryTest

@@ -7,6 +7,8 @@
 
 #include <gtest/gtest.h>
 
+namespace orlomoduleTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -101,3 +103,5 @@ TEST_F(moduleTest, leavesTheFolderAsItIsIfTheSystemCantTell)
     EXPECT_FALSE(getModuleDirectory(getModuleHandle(u""), folder));
     EXPECT_EQ(folder.path(), string(u"C:\\before\\"));
 }
+
+} // namespace orlomoduleTest

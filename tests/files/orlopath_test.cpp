@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 
+namespace orlopathTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -476,3 +478,5 @@ TEST_F(path, givesNoDotWithoutAnExtension)
     EXPECT_EQ(pathName(u""), string());
     EXPECT_EQ(pathDirectory(u""), string());
 }
+
+} // namespace orlopathTest

@@ -9,6 +9,8 @@
 
 #include <vector>
 
+namespace orlosearchpathTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -313,3 +315,5 @@ TEST_F(searchPathTest, searchesATreeWhoseDirectoriesCannotBeToldApart)
     ASSERT_TRUE(search.findFile(u"f", found, true));
     EXPECT_EQ(found.path(), string(u"C:\\a\\1\\2\\f"));
 }
+
+} // namespace orlosearchpathTest

@@ -10,6 +10,8 @@
 #include <random>
 #include <type_traits>
 
+namespace orlogeomatrixTest {
+
 namespace {
 
 using namespace orloGeo;
@@ -444,3 +446,5 @@ TEST(inverse, hasTheSameLastDigitsAsAPlainEliminationForRandomMatrices)
 }
 
 } // namespace
+
+} // namespace orlogeomatrixTest

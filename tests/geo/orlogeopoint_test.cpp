@@ -10,6 +10,8 @@
 #include <random>
 #include <type_traits>
 
+namespace orlogeopointTest {
+
 namespace {
 
 using namespace orloGeo;
@@ -356,3 +358,5 @@ TEST(pointAndVector, convertIntoEachOther)
 }
 
 } // namespace
+
+} // namespace orlogeopointTest

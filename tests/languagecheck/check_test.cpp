@@ -1,6 +1,8 @@
 // The checker's command line: what is looked at, exit codes, and the list of texts.
 #include "languagecheck/checked.h"
 
+namespace checkTest {
+
 using namespace orlo::tests;
 using orlo::string;
 using namespace orlo::languagecheck;
@@ -128,3 +130,5 @@ TEST_F(languageCheckRun, theListFillsThePlacesOfTheReference)
               "  a\n    100P400icher\n"
               "  b\n    <own>\n");
 }
+
+} // namespace checkTest

@@ -1,6 +1,8 @@
 // What the checker says of included files and of texts that lead to others.
 #include "languagecheck/checked.h"
 
+namespace includesTest {
+
 using namespace orlo::tests;
 using orlo::string;
 
@@ -96,3 +98,5 @@ TEST_F(languageCheckAliases, leadIntoIncludedFilesButNotBack)
     addText(u"more", u"b text\nc $$a\n");
     EXPECT_EQ(findingsIn(u"a $$b\n#include more\n"), "more:2: error: \"$$a\" leads to no text\n");
 }
+
+} // namespace includesTest

@@ -1,6 +1,8 @@
 // What the checker says of bytes and lines, one planted slip at a time.
 #include "languagecheck/checked.h"
 
+namespace linesTest {
+
 using namespace orlo::tests;
 using orlo::string;
 
@@ -221,3 +223,5 @@ TEST_F(languageCheckLines, allThatIsAllowedPassesInSilence)
     for (const char16_t* const text : allowed)
         EXPECT_EQ(findingsIn(text), "") << orlo::narrow(text);
 }
+
+} // namespace linesTest

@@ -1,6 +1,8 @@
 // What the checker says of a language against a reference.
 #include "languagecheck/checked.h"
 
+namespace referenceTest {
+
 using namespace orlo::tests;
 using orlo::string;
 
@@ -118,3 +120,5 @@ TEST_F(languageCheckReference, allThatIsAllowedPassesInSilence)
     for (const auto& row : rows)
         EXPECT_EQ(findingsAgainst(row.reference, row.text), "") << orlo::narrow(row.text);
 }
+
+} // namespace referenceTest

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace languageentriesTest {
+
 using orlo::languageEntries;
 using orlo::languageEntry;
 using orlo::languageLines;
@@ -156,3 +158,5 @@ TEST(languageCommands, areReadBehindThoseThatAreKnown)
     orlo::readCommands(u"key ;;cmd(a:::b) \t\n;;cmd()\n;;cmd(x\ty)))\r\n; ;cmd(no)\n", commands);
     EXPECT_EQ(commands, (std::vector<string>{u"known", u"a:::b", u"", u"x\ty"}));
 }
+
+} // namespace languageentriesTest

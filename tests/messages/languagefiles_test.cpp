@@ -14,6 +14,8 @@
 #include <string>
 #include <vector>
 
+namespace languagefilesTest {
+
 using orlo::file;
 using orlo::languageTable;
 using orlo::locFile;
@@ -185,3 +187,5 @@ TEST_F(englishFile, hasTheTextsThatTheProgramHasWithoutIt)
         EXPECT_EQ(string(text.getText()), string(row.text));
     }
 }
+
+} // namespace languagefilesTest

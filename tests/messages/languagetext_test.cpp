@@ -6,6 +6,8 @@
 
 #include <optional>
 
+namespace languagetextTest {
+
 using orlo::file;
 using orlo::readLanguageText;
 using orlo::string;
@@ -38,3 +40,5 @@ TEST(languageText, isNotDecodedWhereTheWordSurelyIsMissing)
     EXPECT_FALSE(orlo::readLanguageTextWith("#include", source));
     EXPECT_TRUE(orlo::readLanguageTextWith("a text", source));
 }
+
+} // namespace languagetextTest

@@ -13,6 +13,8 @@
 #include <type_traits>
 #include <vector>
 
+namespace orloexceptionTest {
+
 using orlo::file;
 using orlo::languageTable;
 using orlo::locString;
@@ -228,3 +230,5 @@ TEST_F(failure, showsEmptyDetails)
 {
     EXPECT_EQ(textOf(orlo::unexpectedErrorException(u"")), string(u"Unexpected error occurred ()"));
 }
+
+} // namespace orloexceptionTest

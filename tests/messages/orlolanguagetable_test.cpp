@@ -7,6 +7,8 @@
 #include <functional>
 #include <vector>
 
+namespace orlolanguagetableTest {
+
 using orlo::iLocStringId;
 using orlo::languageTable;
 using orlo::locString;
@@ -466,3 +468,5 @@ TEST_F(table, keepsTheTextWhenTheFileCannotBeRead)
     here.failCall("openFile", 2);
     EXPECT_EQ(textIn(u"locked.loc"), string(u"<none>"));
 }
+
+} // namespace orlolanguagetableTest

@@ -6,6 +6,8 @@
 
 #include <utility>
 
+namespace orlolocfileTest {
+
 using orlo::file;
 using orlo::locFile;
 using orlo::string;
@@ -1143,3 +1145,5 @@ TEST_F(languageFile, keepsItsEntriesWhenMoved)
     EXPECT_EQ(textOf(moved, u"other"), string(u"text"));
     EXPECT_EQ(here.countCalls("openFile"), 0U);
 }
+
+} // namespace orlolocfileTest

@@ -4,6 +4,8 @@
 
 #include <memory>
 
+namespace orlolocstringTest {
+
 using orlo::genericValue;
 using orlo::iLocString;
 using orlo::iLocStringId;
@@ -377,3 +379,5 @@ TEST_F(localisedText, isClonedIntoGivenMemory)
     EXPECT_EQ(room.made->renderedText(), string());
     EXPECT_EQ(string(clone->getText()), string(u"x"));
 }
+
+} // namespace orlolocstringTest

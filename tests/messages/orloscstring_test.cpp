@@ -8,6 +8,8 @@
 #include <thread>
 #include <vector>
 
+namespace orloscstringTest {
+
 using orlo::scstring;
 using orlo::string;
 using orlo::tests::machine;
@@ -82,3 +84,5 @@ TEST(scstring, isTheSameForAllThreads)
     for (std::thread& thread : threads) thread.join();
     for (const auto& mine : seen) EXPECT_EQ(mine, seen[0]);
 }
+
+} // namespace orloscstringTest

@@ -11,6 +11,8 @@
 #include <random>
 #include <type_traits>
 
+namespace orlostringtemplateTest {
+
 using orlo::conversionSpec;
 using orlo::string;
 using orlo::stringTemplate;
@@ -764,3 +766,5 @@ TEST(stringTemplate, readsNoArgumentForAStarThatATextHolds)
 }
 
 } // namespace
+
+} // namespace orlostringtemplateTest

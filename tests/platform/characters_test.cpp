@@ -7,6 +7,8 @@
 
 #include <clocale>
 
+namespace charactersTest {
+
 using namespace orlo;
 
 namespace {
@@ -69,3 +71,5 @@ TEST(charactersSystem, areAgainThoseOfCAfterwards)
 }
 
 } // namespace
+
+} // namespace charactersTest

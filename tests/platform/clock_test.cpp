@@ -8,6 +8,8 @@
 #include <clocale>
 #include <limits>
 
+namespace clockTest {
+
 using namespace orlo;
 
 namespace {
@@ -155,3 +157,5 @@ TEST(clockSystem, tellsTheDecimalSeparators)
     EXPECT_FALSE(user.empty());
     EXPECT_FALSE(system.empty());
 }
+
+} // namespace clockTest

@@ -2,6 +2,8 @@
 
 #include "support/tempfolder.h"
 
+namespace contentsTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -101,3 +103,5 @@ TEST_F(contentsSystemTest, letsTwoReadersShareAFile)
     platform::closeFile(one);
     platform::closeFile(two);
 }
+
+} // namespace contentsTest

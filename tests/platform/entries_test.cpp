@@ -2,6 +2,8 @@
 
 #include "support/tempfolder.h"
 
+namespace entriesTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -250,3 +252,5 @@ TEST_F(entriesSystemTest, countsRelativePathsFromTheCurrentDirectory)
     EXPECT_FALSE(platform::access(u"missing", 0));
     std::filesystem::current_path(before);
 }
+
+} // namespace entriesTest

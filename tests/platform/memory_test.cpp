@@ -7,6 +7,8 @@
 #include <string_view>
 #include <vector>
 
+namespace memoryTest {
+
 TEST(memorySystemTest, expectingThatABlockIsFilledKeepsWhatItHolds)
 {
     for (const std::size_t size : {0u, 1u, 5000u, (4u << 20) - 1, 4u << 20, 20u << 20}) {
@@ -52,3 +54,5 @@ TEST(memorySystemTest, aLargeBlockThatNoMachineHasIsNull)
     constexpr std::size_t tooMuch = std::size_t{1} << 60;
     EXPECT_EQ(orlo::platform::newLargeBlock(tooMuch), nullptr);
 }
+
+} // namespace memoryTest

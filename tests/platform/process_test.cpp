@@ -4,6 +4,8 @@
 
 #include <thread>
 
+namespace processTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -151,3 +153,5 @@ TEST_F(mutexSystemTest, failsWithoutAMutex)
     platform::unlockMutex(nullptr);
     platform::destroyMutex(nullptr);
 }
+
+} // namespace processTest

@@ -6,6 +6,8 @@
 #include <map>
 #include <set>
 
+namespace searchesTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -151,3 +153,5 @@ TEST_F(searchesSystemTest, takesNoHandleForNoSearch)
     EXPECT_FALSE(platform::findNext(platform::noSearch, hit));
     platform::findClose(platform::noSearch);
 }
+
+} // namespace searchesTest

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace textTest {
+
 using namespace orlo;
 
 namespace {
@@ -64,3 +66,5 @@ TEST(textSystem, encodesUtf8)
     EXPECT_EQ(std::string(bytes.data(), count),
               "a\xC3\xBC\xE2\x82\xAC\xF0\x9F\x98\x80\xEF\xBF\xBD");
 }
+
+} // namespace textTest

@@ -6,6 +6,8 @@
 
 #include <vector>
 
+namespace utf8codecTest {
+
 using namespace orlo;
 using namespace orlo::platform;
 
@@ -191,3 +193,5 @@ TEST(utf8codec, readsASequenceOrItsLongestPart)
         EXPECT_EQ(read.length, row.length) << testing::PrintToString(bytes);
     }
 }
+
+} // namespace utf8codecTest

@@ -12,6 +12,8 @@
 #include <thread>
 #include <vector>
 
+namespace machineTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 using orlo::tests::matchesPattern;
@@ -670,3 +672,5 @@ TEST_F(machineTest, takesCallsFromSeveralThreads)
     EXPECT_EQ(here.calls.size(), 1200u);
     EXPECT_TRUE(here.files().empty());
 }
+
+} // namespace machineTest

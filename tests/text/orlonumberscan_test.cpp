@@ -12,6 +12,8 @@
 #include <random>
 #include <string>
 
+namespace orlonumberscanTest {
+
 using orlo::string;
 using namespace orlo::tests;
 
@@ -272,3 +274,5 @@ TEST(scanDouble, readsBackEveryDoubleThatWasWrittenInFull)
 }
 
 } // namespace
+
+} // namespace orlonumberscanTest

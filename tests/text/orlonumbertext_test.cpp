@@ -9,6 +9,8 @@
 #include <limits>
 #include <random>
 
+namespace orlonumbertextTest {
+
 using orlo::string;
 using namespace orlo::tests;
 
@@ -164,3 +166,5 @@ TEST(printNumber, isExactAtItsOwnLimits)
 }
 
 } // namespace
+
+} // namespace orlonumbertextTest

@@ -13,6 +13,8 @@
 #include <thread>
 #include <type_traits>
 
+namespace orlostringTest {
+
 using orlo::string;
 
 namespace {
@@ -652,3 +654,5 @@ TEST(string, countsZeroUnitsLikeOthers)
 }
 
 } // namespace
+
+} // namespace orlostringTest

@@ -11,6 +11,8 @@
 #include <limits>
 #include <random>
 
+namespace orlotextformatTest {
+
 using orlo::formatArgument;
 using orlo::string;
 
@@ -496,3 +498,5 @@ TEST(formatText, stopsAtTheEndOfTheBufferHoweverLongTheTextWouldBe)
 }
 
 } // namespace
+
+} // namespace orlotextformatTest

@@ -9,6 +9,8 @@
 #include <cstdint>
 #include <limits>
 
+namespace orlotextscanTest {
+
 using orlo::scanFields;
 using orlo::scanTarget;
 using orlo::scanText;
@@ -198,3 +200,5 @@ TEST(scanFields, takesItsTargetsAsAList)
 }
 
 } // namespace
+
+} // namespace orlotextscanTest

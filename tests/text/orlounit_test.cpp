@@ -4,6 +4,8 @@
 
 #include <cctype>
 
+namespace orlounitTest {
+
 namespace {
 
 // The narrow functions of the "C" locale judge the first 128 units; no other unit is anything.
@@ -39,3 +41,5 @@ TEST(unit, blanksAreTheSixOfAscii)
 }
 
 } // namespace
+
+} // namespace orlounitTest

@@ -5,6 +5,8 @@
 
 #include <cstdlib>
 
+namespace processendTest {
+
 using orlo::string;
 
 namespace {
@@ -35,3 +37,5 @@ TEST(stringSystem, emptyStringServesDestructorsAtTheEndOfTheProcess)
 }
 
 } // namespace
+
+} // namespace processendTest

@@ -19,6 +19,8 @@
 #include <functional>
 #include <thread>
 
+namespace sharedstateTest {
+
 using namespace orlo;
 
 namespace {
@@ -281,3 +283,5 @@ TEST(references, theLastOneEndsTheObject)
         onThreads([&held](std::size_t thread) { held[thread] = nullptr; });
     }
 }
+
+} // namespace sharedstateTest

@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace commandsTest {
+
 using namespace taven::tests;
 
 namespace {
@@ -128,3 +130,5 @@ TEST_F(commands, letTheSwitchesOfACommandPass)
     EXPECT_TRUE(boxes().empty());
     EXPECT_EQ(machine::current().countCalls("findFirst"), 1u);
 }
+
+} // namespace commandsTest

@@ -6,6 +6,8 @@
 
 #include <gtest/gtest.h>
 
+namespace getncsTest {
+
 using namespace taven::tests;
 
 namespace {
@@ -280,3 +282,5 @@ TEST_F(getncs, doesNotLookAtTheRemovalOfTheOldAnswer)
     EXPECT_EQ(ask(), 1);
     EXPECT_EQ(result(), infoNotFound);
 }
+
+} // namespace getncsTest

@@ -7,6 +7,8 @@
 
 #include <optional>
 
+namespace measuringdataTest {
+
 using namespace taven;
 using namespace taven::tests;
 using orloGeo::point3d;
@@ -271,3 +273,5 @@ TEST_F(measuringReader, readingGoesOnWithoutAUsableTime)
         EXPECT_TRUE(boxes().empty());
     }
 }
+
+} // namespace measuringdataTest

@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace platformfilesTest {
+
 using namespace taven;
 
 TEST(platformFiles, areNamedAfterThePlatform)
@@ -21,3 +23,5 @@ TEST(platformFiles, haveNamesAlsoForTheEmptyPlatform)
     EXPECT_EQ(measuringName(u""), u"MeasuringData_.xml");
     EXPECT_EQ(allOfPlatform(u""), u".*");
 }
+
+} // namespace platformfilesTest

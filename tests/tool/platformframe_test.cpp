@@ -8,6 +8,8 @@
 #include <cmath>
 #include <limits>
 
+namespace platformframeTest {
+
 using namespace orloGeo;
 using namespace taven;
 using namespace taven::tests;
@@ -183,3 +185,5 @@ TEST(platformFrame, refusesAnOffsetWithoutBounds)
         EXPECT_TRUE(refuses([&] { calculatePlatformFrame(workedExample.points, zoffset); }))
             << zoffset;
 }
+
+} // namespace platformframeTest

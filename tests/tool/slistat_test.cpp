@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace slistatTest {
+
 using namespace taven::tests;
 
 namespace {
@@ -324,3 +326,5 @@ TEST_F(slistat, worksInOnePassOverEachFolder)
     EXPECT_EQ(machine::current().countCalls("openFile"), 0u);
     EXPECT_EQ(machine::current().openHandles(), 0u);
 }
+
+} // namespace slistatTest

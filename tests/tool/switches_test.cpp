@@ -4,6 +4,8 @@
 
 #include <gtest/gtest.h>
 
+namespace switchesTest {
+
 using orlo::string;
 using namespace taven;
 
@@ -83,3 +85,5 @@ TEST(switches, withoutArgumentsKeepTheirStartValues)
     readSwitches({0, nullptr}, {{u"-a:", &value}});
     EXPECT_EQ(value, u"start");
 }
+
+} // namespace switchesTest

@@ -18,6 +18,8 @@
 #include <utility>
 #include <vector>
 
+namespace orloxmldocumentTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -895,3 +897,5 @@ TEST_F(xmlSave, whatUtf8WritesIsReadAgain)
     save();
     EXPECT_EQ(here.content(path), bytes);
 }
+
+} // namespace orloxmldocumentTest

@@ -11,6 +11,8 @@
 #include <utility>
 #include <vector>
 
+namespace orloxmlnodeTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -435,3 +437,5 @@ TEST(nodeBlocks, holdNodesOfTheProgramsOwnClassesBesideThem)
     EXPECT_EQ(countedNode::alive, 0);
     EXPECT_EQ(left, 0);
 }
+
+} // namespace orloxmlnodeTest

@@ -15,6 +15,8 @@
 #include <utility>
 #include <vector>
 
+namespace xmlreaderTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -653,3 +655,5 @@ TEST(decodeEntitiesDeathTest, neverEndsOnAReferenceThatNothingCloses)
         EXPECT_EXIT(decodeWatched(), testing::ExitedWithCode(stillSearching), "") << narrow(text);
     }
 }
+
+} // namespace xmlreaderTest

@@ -7,6 +7,8 @@
 
 #include <random>
 
+namespace xmlwriterTest {
+
 using namespace orlo;
 using orlo::tests::machine;
 
@@ -310,3 +312,5 @@ TEST(xmlWriter, aLongTextBesideChildrenIsEncodedToo)
         EXPECT_EQ(written(node), string(u"<a>\n   " + plain + form + plain + u"\n   <b/>\n</a>\n"));
     }
 }
+
+} // namespace xmlwriterTest

@@ -8,6 +8,8 @@
 #include <sys/resource.h>
 #include <unistd.h>
 
+namespace descentTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -69,3 +71,5 @@ TEST_F(descentTest, followsLinksToOtherFolders)
     ASSERT_TRUE(finds(u"sought", found));
     EXPECT_EQ(found.path(), path("a/link/sought"));
 }
+
+} // namespace descentTest

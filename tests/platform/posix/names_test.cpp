@@ -15,6 +15,8 @@
 #include <map>
 #include <set>
 
+namespace namesTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -327,3 +329,5 @@ TEST_F(namesTest, areCreatedWithTheUsersMask)
         EXPECT_EQ(found.st_mode & 0777, 0640u) << name;
     }
 }
+
+} // namespace namesTest

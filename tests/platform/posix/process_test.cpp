@@ -17,6 +17,8 @@
 #include <thread>
 #include <unistd.h>
 
+namespace posixProcessTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -355,3 +357,5 @@ TEST(localTimeSystem, followsTheTimeZoneOfTheEnvironment)
     EXPECT_EQ(end.output, "12\n7\n");
     EXPECT_EQ(end.status, 0);
 }
+
+} // namespace posixProcessTest

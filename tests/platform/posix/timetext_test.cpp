@@ -5,6 +5,8 @@
 
 #include <gtest/gtest.h>
 
+namespace timetextTest {
+
 using namespace orlo;
 
 TEST(timeTextSystem, isReadAsUtf8)
@@ -18,3 +20,5 @@ TEST(timeTextSystem, isReadByteByByteWhereItIsNoUtf8)
 {
     EXPECT_EQ(platform::timeText("Fr 29 M\xE4r 2024"), u"Fr 29 M\u00E4r 2024");
 }
+
+} // namespace timetextTest

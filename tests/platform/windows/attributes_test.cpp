@@ -7,6 +7,8 @@
 
 #include <map>
 
+namespace attributesTest {
+
 using namespace orlo;
 using namespace orlo::tests;
 
@@ -69,3 +71,5 @@ TEST(endAbnormallyDeathTest, endsWithoutAWord)
 {
     EXPECT_EXIT(platform::endAbnormally(), testing::ExitedWithCode(3), "^$");
 }
+
+} // namespace attributesTest

@@ -12,6 +12,8 @@
 #include <thread>
 #include <vector>
 
+namespace boxesTest {
+
 using namespace orlo;
 
 namespace {
@@ -197,3 +199,5 @@ TEST(mutexSystem, belongsToNobodyAtFirstAndHasNoName)
     platform::destroyMutex(first);
     platform::destroyMutex(second);
 }
+
+} // namespace boxesTest
