@@ -7,7 +7,7 @@
 #   replay.TARGET     the inputs that fuzzers gathered (fuzz/CMakeLists.txt)
 #   elsewhere         all unit tests in another time zone and language
 #   threads.LOCALE.*  what several threads do at once
-#   sources.PART      layout, layers, headers, scripts
+#   sources.PART      layout, layers, alone, scripts
 #   consumer, callers, documents, viewer, packages, needs...
 #
 # `installed`, `locales`, `page` and `windows` are fixtures: CTest runs them before what needs them.
@@ -129,7 +129,7 @@ orlo_fixture(page ${scripts}/viewer)
 orlo_script_test(viewer installed,page ${scripts}/check-viewer ${tool})
 orlo_script_test(packages page ${scripts}/check-packages --twice)
 set_tests_properties(viewer packages PROPERTIES TIMEOUT 3000 COST 1000)
-foreach(part layout layers headers scripts)
+foreach(part layout layers alone scripts)
   orlo_script_test(sources.${part} "" ${scripts}/check-sources ${part})
 endforeach()
 orlo_script_test(sources.layersRefuse "" python3 ${CMAKE_CURRENT_SOURCE_DIR}/sources/layers_test.py)
