@@ -8,9 +8,9 @@
 #   elsewhere         all unit tests in another time zone and language
 #   threads.LOCALE.*  what several threads do at once
 #   sources.PART      layout, layers, alone, scripts
-#   consumer, callers, documents, viewer, packages, needs...
+#   consumer, callers, documents, viewer, packages..., needs...
 #
-# `installed`, `locales`, `page` and `windows` are fixtures: CTest runs them before what needs them.
+# `installed`, `locales`, `page`, `packed` and `windows` are fixtures: CTest runs them before what needs them.
 include(GoogleTest)
 include(suites.cmake)
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
@@ -124,11 +124,14 @@ endforeach()
 orlo_script_test(consumer installed ${scripts}/check-consumer native ${installed})
 orlo_script_test(callers installed ${scripts}/check-callers ${tool})
 orlo_script_test(documents installed ${scripts}/check-docs ${tool})
-# Both look into the page; they take the longest, and so begin.
+# They take the longest, and so begin.
 orlo_fixture(page ${scripts}/viewer)
+orlo_fixture(packed ${scripts}/package --trial --tested)
+set_tests_properties(packed PROPERTIES FIXTURES_REQUIRED page)
+orlo_script_test(packages packed ${scripts}/check-packages --made)
+orlo_script_test(packages.again packed ${scripts}/check-packages --again)
 orlo_script_test(viewer installed,page ${scripts}/check-viewer ${tool})
-orlo_script_test(packages page ${scripts}/check-packages --twice)
-set_tests_properties(viewer packages PROPERTIES TIMEOUT 3000 COST 1000)
+set_tests_properties(page packed packages packages.again viewer PROPERTIES TIMEOUT 3000 COST 1000)
 foreach(part layout layers alone scripts)
   orlo_script_test(sources.${part} "" ${scripts}/check-sources ${part})
 endforeach()
