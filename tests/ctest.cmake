@@ -10,7 +10,8 @@
 #   sources.PART      layout, layers, alone, scripts
 #   consumer, callers, documents, viewer, packages..., needs...
 #
-# `installed`, `locales`, `page`, `packed` and `windows` are fixtures: CTest runs them before what needs them.
+# `installed`, `locales`, `page`, `packed` and `windows` are fixtures: CTest runs them before what
+# needs them.
 include(GoogleTest)
 include(suites.cmake)
 set(scripts ${PROJECT_SOURCE_DIR}/scripts)
