@@ -86,8 +86,8 @@ private:
     bool readPlace(std::size_t at, std::u16string_view name, place& found, std::size_t& next) const;
     // Collects the first conversion that begins within `found`, which becomes its place unless
     // one was found already.
-    void findConversion(conversionSpec& spec, place& found, bool placeFound) const;
-    bool locatePlaceholder(conversionSpec& spec, place& found, const char16_t* name);
+    void findConversion(conversionSpec& format, place& found, bool placeFound) const;
+    bool locatePlaceholder(conversionSpec& format, place& found, const char16_t* name);
     void fillPlace(const place& found, std::u16string_view text);
     template <class Value>
     bool insertAlways(Value value, const char16_t* name);

@@ -150,17 +150,17 @@ formatArgument toArgument(valueClass wanted, const char16_t* value, numberRoom&)
 class valueText {
 public:
     template <class Value>
-    valueText(const conversionSpec& spec, Value value)
+    valueText(const conversionSpec& format, Value value)
     {
-        if (!spec.isComplete() || spec.type() == valueClass::empty) return;
+        if (!format.isComplete() || format.type() == valueClass::empty) return;
         numberRoom room;
-        const formatArgument argument = toArgument(spec.type(), value, room);
+        const formatArgument argument = toArgument(format.type(), value, room);
         const int length =
-            formatText(m_short, std::size(m_short), spec.conversion(), {&argument, 1});
+            formatText(m_short, std::size(m_short), format.conversion(), {&argument, 1});
         if (length >= 0) {
             m_view = {m_short, static_cast<std::size_t>(length)};
         } else {
-            formatText(m_long, spec.conversion(), {&argument, 1});
+            formatText(m_long, format.conversion(), {&argument, 1});
             m_view = m_long;
         }
         m_view = m_view.substr(0, m_view.find(u'\0'));
@@ -268,35 +268,35 @@ bool stringTemplate::readPlace(std::size_t at, std::u16string_view name, place& 
     return content.substr(0, content.rfind(u':')) == name;
 }
 
-void stringTemplate::findConversion(conversionSpec& spec, place& found, bool placeFound) const
+void stringTemplate::findConversion(conversionSpec& format, place& found, bool placeFound) const
 {
     const std::size_t last = found.end;
-    for (std::size_t at = found.position; at + 1 < last && !spec.isComplete(); ++at) {
+    for (std::size_t at = found.position; at + 1 < last && !format.isComplete(); ++at) {
         // Of "%%d" the second percent sign begins a conversion: a percent sign can't be escaped.
         if (m_text[at] != u'%' || m_text[at + 1] == u'%') continue;
         // A conversion without its letter stays, and takes room from what follows.
         const std::size_t reach = std::min(m_text.size(), at + conversionSpec::maxLength);
         std::size_t end = at;
-        while (end < reach && !spec.isComplete()) spec.addChar(m_text[end++]);
-        if (spec.isComplete() && !placeFound) found = {at, end};
+        while (end < reach && !format.isComplete()) format.addChar(m_text[end++]);
+        if (format.isComplete() && !placeFound) found = {at, end};
     }
 }
 
-bool stringTemplate::locatePlaceholder(conversionSpec& spec, place& found, const char16_t* name)
+bool stringTemplate::locatePlaceholder(conversionSpec& format, place& found, const char16_t* name)
 {
     found = {0, m_text.size()};
     if (m_text.empty()) return false;
     const bool placeFound =
         name != nullptr ? findName(name, found) : findPosition(++m_nextPosition, found);
-    findConversion(spec, found, placeFound);
-    if (!spec.isComplete() && placeFound) {
+    findConversion(format, found, placeFound);
+    if (!format.isComplete() && placeFound) {
         // Behind a conversion that never ended there may be no room for it.
-        spec.addChar(u'%');
-        spec.addChar(u's');
-    } else if (!spec.isComplete()) {
+        format.addChar(u'%');
+        format.addChar(u's');
+    } else if (!format.isComplete()) {
         found = {};
     }
-    return spec.isComplete();
+    return format.isComplete();
 }
 
 void stringTemplate::fillPlace(const place& found, std::u16string_view text)
@@ -309,10 +309,10 @@ void stringTemplate::fillPlace(const place& found, std::u16string_view text)
 template <class Value>
 bool stringTemplate::insertAlways(Value value, const char16_t* name)
 {
-    conversionSpec spec;
+    conversionSpec format;
     place found;
-    locatePlaceholder(spec, found, name);
-    fillPlace(found, valueText(spec, value).view());
+    locatePlaceholder(format, found, name);
+    fillPlace(found, valueText(format, value).view());
     return true;
 }
 
@@ -323,10 +323,10 @@ bool stringTemplate::insertValue(short value, const char16_t* name)
 
 bool stringTemplate::insertValue(int value, const char16_t* name)
 {
-    conversionSpec spec;
+    conversionSpec format;
     place found;
-    locatePlaceholder(spec, found, name);
-    const valueText text(spec, std::int32_t{value});
+    locatePlaceholder(format, found, name);
+    const valueText text(format, std::int32_t{value});
     if (!text.view().empty()) fillPlace(found, text.view());
     return true;
 }
@@ -343,10 +343,10 @@ bool stringTemplate::insertValue(double value, const char16_t* name)
 
 bool stringTemplate::insertValue(const char16_t* value, const char16_t* name)
 {
-    conversionSpec spec;
+    conversionSpec format;
     place found;
-    if (!locatePlaceholder(spec, found, name)) return false;
-    fillPlace(found, value != nullptr ? valueText(spec, value).view() : std::u16string_view());
+    if (!locatePlaceholder(format, found, name)) return false;
+    fillPlace(found, value != nullptr ? valueText(format, value).view() : std::u16string_view());
     return true;
 }
 
