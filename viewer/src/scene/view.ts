@@ -83,7 +83,7 @@ export class view {
         this.m_drawing = drawn;
         this.m_palette = colours;
         this.rebuild();
-        this.redraw();
+        this.redrawSoon();
     }
 
     lookFrom(direction: viewpoint): void {
@@ -104,7 +104,7 @@ export class view {
         way.applyAxisAngle(side, wanted - polar);
         this.m_camera.position.copy(this.m_controls.target).add(way);
         this.m_controls.update();
-        this.redraw();
+        this.redrawSoon();
     }
 
     // In parts of the picture's height.
@@ -112,13 +112,13 @@ export class view {
         const height = (this.m_camera.top - this.m_camera.bottom) / this.m_camera.zoom;
         this.shift(-right * height, -up * height);
         this.m_controls.update();
-        this.redraw();
+        this.redrawSoon();
     }
 
     zoom(steps: number): void {
         this.m_camera.zoom *= zoomStep ** steps;
         this.m_camera.updateProjectionMatrix();
-        this.redraw();
+        this.redrawSoon();
     }
 
     // Moves and zooms until all is in the picture, from the same direction.
@@ -147,7 +147,7 @@ export class view {
         // A little up, as the line on the exaggeration stands below.
         this.shift(0, (-0.03 * height) / this.m_camera.zoom);
         this.m_controls.update();
-        this.redraw();
+        this.redrawSoon();
     }
 
     // The cylinder under a place on the canvas, in its pixels.
@@ -156,6 +156,7 @@ export class view {
             (x / this.m_canvas.clientWidth) * 2 - 1,
             1 - (y / this.m_canvas.clientHeight) * 2,
         );
+        this.m_scene.updateMatrixWorld(); // what is asked may not have been drawn yet
         const ray = new Raycaster();
         ray.setFromCamera(place, this.m_camera);
         const hit = ray
@@ -231,17 +232,20 @@ export class view {
         this.m_scene.background = new Color(colours.background);
     }
 
+    // However much changes, the picture is drawn once a frame. What stands over it follows at once.
     private redrawSoon(): void {
+        if (this.m_drawing === undefined) return;
+        this.onChange();
         if (this.m_pending) return;
         this.m_pending = true;
-        requestAnimationFrame(() => this.redraw());
+        requestAnimationFrame(() => {
+            this.m_pending = false;
+            this.redraw();
+        });
     }
 
     private redraw(): void {
-        this.m_pending = false;
-        if (this.m_drawing === undefined) return;
         this.m_renderer.render(this.m_scene, this.m_camera);
-        this.onChange();
     }
 }
 

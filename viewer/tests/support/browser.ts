@@ -21,6 +21,7 @@ export const pageUrl = pathToFileURL(pageFile).href;
 const chromiumSwitches = [
     "--no-sandbox",
     "--disable-dev-shm-usage",
+    "--disable-gpu",
     "--use-angle=swiftshader",
     "--enable-unsafe-swiftshader",
     "--force-device-scale-factor=1",
@@ -153,6 +154,16 @@ export async function settled(page: Page, paths: string[]): Promise<void> {
             const reading = (document.getElementById("status")?.textContent ?? "").includes("…");
             return !reading && wanted.every((name) => all.some((text) => text.startsWith(name)));
         }, names),
+    );
+    await drawn(page);
+}
+
+// Until a frame has been drawn in the size that the contents have now; behind another page there
+// would be none.
+async function drawn(page: Page): Promise<void> {
+    await page.bringToFront();
+    await page.evaluate(
+        () => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))),
     );
 }
 
