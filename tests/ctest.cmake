@@ -18,6 +18,7 @@ set(scripts ${PROJECT_SOURCE_DIR}/scripts)
 set(installed ${PROJECT_BINARY_DIR}/installed)
 set(tool ${installed}/bin/$<TARGET_FILE_NAME:tavenMorrel>)
 set(checker ${installed}/bin/$<TARGET_FILE_NAME:orloLanguageCheck>)
+set(locales ${PROJECT_SOURCE_DIR}/build/locales) # the same for all builds
 set(patience 300) # seconds after which a test counts as hanging
 
 # orlo_script_test(NAME NEEDS COMMAND...): NEEDS are fixtures, with commas between.
@@ -69,7 +70,7 @@ orlo_fixture(installed ${CMAKE_COMMAND} -D build=${PROJECT_BINARY_DIR} -D prefix
 # Whole runs; on Windows each answers the boxes of one desktop, so that one runs at a time, and
 # beside no test that shows a box.
 set(run python3 ${CMAKE_CURRENT_SOURCE_DIR}/runs/whole_run.py --tool ${tool}
-  --installed ${installed} --locales ${PROJECT_BINARY_DIR}/locales)
+  --installed ${installed} --locales ${locales})
 if(WIN32)
   list(PREPEND run ${scripts}/windows-session run)
   list(APPEND run --helpers ${CMAKE_CURRENT_BINARY_DIR})
@@ -77,7 +78,7 @@ if(WIN32)
 else()
   set(run_fixtures installed,locales)
 endif()
-orlo_fixture(locales ${scripts}/make-locales ${PROJECT_BINARY_DIR}/locales)
+orlo_fixture(locales ${scripts}/make-locales ${locales})
 foreach(name entry getncs language measuring slistat surroundings)
   orlo_script_test(runs.${name} ${run_fixtures} ${run} --file ${name})
   if(WIN32)
@@ -115,7 +116,7 @@ endif()
 
 # What is asked once, of the executable as it is handed over.
 orlo_script_test(elsewhere locales ${CMAKE_COMMAND} -E env TZ=XYZ-9 LC_ALL=de_DE.UTF-8
-  LOCPATH=${PROJECT_BINARY_DIR}/locales $<TARGET_FILE:orlo_tests> --gtest_brief=1)
+  LOCPATH=${locales} $<TARGET_FILE:orlo_tests> --gtest_brief=1)
 foreach(program tool checker)
   orlo_script_test(needsNoLibrary.${program} installed ${scripts}/check-imports ${${program}})
 endforeach()
