@@ -60,9 +60,11 @@ bool readOptions(int argumentCount, const char16_t* const* arguments, options& g
     return given.help || !given.names.empty();
 }
 
+// Lines of a report end by themselves.
 answer complain(const std::string& text)
 {
-    return {wrongUse, {}, "orloLanguageCheck: " + text + "\n"};
+    const char* const end = text.ends_with('\n') ? "" : "\n";
+    return {wrongUse, {}, "orloLanguageCheck: " + text + end};
 }
 
 // --- What is looked at -----------------------------------------------------------------------

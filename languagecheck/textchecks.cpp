@@ -1,10 +1,12 @@
 #include "textchecks.h"
 
+#include "messages/languageentries.h"
 #include "orlolocfile.h"
 #include "places.h"
 
 #include <algorithm>
 #include <iterator>
+#include <new>
 #include <set>
 #include <vector>
 
@@ -17,6 +19,12 @@ constexpr std::u16string_view aliasMark = u"$$";
 // A name that no place has, and no value.
 constexpr const char16_t* noName = u"\x1";
 
+// A question is freed of blanks and line ends, so a key that begins or ends with one is not found.
+bool hasTextOfItsOwn(const languageKey& of)
+{
+    return !of.value.starts_with(aliasMark) && trimmedLine(of.key) == of.key;
+}
+
 languageTexts textsOf(const languageTree& tree)
 {
     languageTexts texts;
@@ -24,7 +32,10 @@ languageTexts textsOf(const languageTree& tree)
     locFile asked(tree.files.front().where);
     for (const languageKey& each : tree.keys) {
         stringTemplate text;
-        if (asked.lookup(each.key.c_str(), text)) texts.emplace(each.key, text);
+        if (asked.lookup(each.key.c_str(), text))
+            texts.emplace(each.key, text);
+        else if (hasTextOfItsOwn(each))
+            throw std::bad_alloc(); // the library does without a file that it has no memory for
     }
     return texts;
 }

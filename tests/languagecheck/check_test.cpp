@@ -1,4 +1,5 @@
 // The checker's command line: what is looked at, exit codes, and the list of texts.
+#include "faults/rounds.h"
 #include "languagecheck/checked.h"
 
 namespace checkTest {
@@ -65,6 +66,7 @@ TEST_F(languageCheckRun, exitCodesTellErrorsFromWarnings)
 TEST_F(languageCheckRun, aWrongCallGetsTwoAndNoFindings)
 {
     machine::current().addDirectory(u"C:\\work\\empty");
+    machine::current().addFile(u"C:\\work\\binary", std::string("a\0", 2));
     const struct {
         std::vector<string> arguments;
         const char* complaint;
@@ -77,12 +79,15 @@ TEST_F(languageCheckRun, aWrongCallGetsTwoAndNoFindings)
         {{u"empty"}, "orloLanguageCheck: empty: no language file in this folder\n"},
         {{u"--reference", u"klingon", u"languages"},
          "orloLanguageCheck: klingon: no such reference\n"},
+        {{u"--reference", u"binary", u"languages"},
+         "orloLanguageCheck: binary:1: error: the file holds zeros"},
     };
     for (const auto& row : rows) {
         const answer given = check(row.arguments);
         EXPECT_EQ(given.code, wrongUse) << row.complaint;
         EXPECT_EQ(given.output, "") << row.complaint;
         EXPECT_EQ(given.complaint.substr(0, std::string(row.complaint).size()), row.complaint);
+        EXPECT_FALSE(given.complaint.ends_with("\n\n")) << row.complaint;
     }
     EXPECT_EQ(check({u"--help"}).code, noErrors);
     EXPECT_NE(check({u"--help"}).output, "");
@@ -129,6 +134,36 @@ TEST_F(languageCheckRun, theListFillsThePlacesOfTheReference)
               "languages/german/language.loc\n"
               "  a\n    100P400icher\n"
               "  b\n    <own>\n");
+}
+
+TEST_F(languageCheckRun, whereMemoryIsRefusedItSaysSoOrAnswersAsEver)
+{
+    const std::string noMemory = "not enough memory";
+    const char16_t* const arguments[] = {u"orloLanguageCheck", u"--reference", u"english",
+                                         u"languages"};
+    std::size_t refusals = 0;
+    for (bool refused = true; refused;) {
+        answer given;
+        outcome got = outcome::done;
+        {
+            const allocationFault fault(refusals + 1);
+            got = outcomeOf([&] { given = run(4, arguments); });
+            refused = fault.hasHappened();
+        }
+        SCOPED_TRACE("request " + std::to_string(refusals + 1));
+        ASSERT_EQ(got, outcome::done);
+        EXPECT_EQ(machine::current().openHandles(), 0u);
+        if (given.code == wrongUse) {
+            EXPECT_TRUE(given.complaint.ends_with(noMemory + "\n")) << given.complaint;
+        } else {
+            EXPECT_EQ(given.code, someErrors);
+            if (given.output.find(noMemory) == std::string::npos) {
+                EXPECT_EQ(given.output, missingPlace);
+            }
+        }
+        if (refused) ++refusals;
+    }
+    EXPECT_GT(refusals, 10u);
 }
 
 } // namespace checkTest

@@ -690,7 +690,12 @@ void showMessageBox(window owner, const char16_t* text, const char16_t* title, s
 }
 
 void expectFilling(void*, std::size_t) {}
-void expectAllocations(std::size_t) {}
+
+void expectAllocations(std::size_t size)
+{
+    const allocationPause ownMemory;
+    machine::current().foretoldAllocations.push_back(size);
+}
 
 // Refused where any memory of the program's own is.
 void* newLargeBlock(std::size_t size)

@@ -105,6 +105,7 @@ struct machine {
     bool shortTransfers = false;
     [[nodiscard]] std::size_t openHandles() const;  // files and searches not yet closed
     [[nodiscard]] static std::size_t largeBlocks(); // of memory, not yet given back
+    std::vector<std::size_t> foretoldAllocations;   // what the program told that it will ask for
 
     // endAbnormally throws this instead of ending the test.
     struct ended {};

@@ -438,4 +438,48 @@ TEST(nodeBlocks, holdNodesOfTheProgramsOwnClassesBesideThem)
     EXPECT_EQ(left, 0);
 }
 
+// --- Memory that is told of in advance -------------------------------------------------------
+
+TEST(foretoldMemory, isNothingForASmallTree)
+{
+    machine::renew();
+    const refptr<xmlDocument> document = documentOfChildren(1000);
+    EXPECT_TRUE(machine::current().foretoldAllocations.empty());
+}
+
+TEST(foretoldMemory, isWhatTheRestOfTheBytesWillTakeIfItIsLikeTheirBeginning)
+{
+    machine::renew();
+    const refptr<xmlDocument> document = documentOfChildren(manyChildren);
+    const std::vector<std::size_t>& told = machine::current().foretoldAllocations;
+    ASSERT_FALSE(told.empty());
+    const std::size_t texts =
+        manyChildren * document->children[0]->text.length() * sizeof(char16_t);
+    EXPECT_GT(told[0], texts / 2);
+    EXPECT_LE(told.size(), 3u) << "in few portions";
+}
+
+TEST(foretoldMemory, isAsMuchAgainWhereTheEndOfTheTextIsNotKnown)
+{
+    constexpr std::size_t units = 300000;
+    machine::renew();
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    const std::u16string text = u"<a>" + std::u16string(units, u'x') + u"</a>";
+    node->parseText(text.c_str(), false, nullptr);
+    EXPECT_EQ(node->text, string(units, u'x'));
+    EXPECT_EQ(machine::current().foretoldAllocations,
+              std::vector<std::size_t>{units * sizeof(char16_t)});
+}
+
+TEST(foretoldMemory, isAtMost24MegabytesAtOnce)
+{
+    constexpr std::size_t units = 13 << 20;
+    machine::renew();
+    const refptr<xmlNode> node = xmlNode::createNode(u"");
+    const std::u16string text = u"<a>" + std::u16string(units, u'x') + u"</a>";
+    node->parseText(text.c_str(), false, nullptr);
+    EXPECT_EQ(node->text.length(), units);
+    EXPECT_EQ(machine::current().foretoldAllocations, std::vector<std::size_t>{24 << 20});
+}
+
 } // namespace orloxmlnodeTest
