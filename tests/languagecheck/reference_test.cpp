@@ -72,7 +72,7 @@ TEST_F(languageCheckReference, conversionsThatDiffer)
               "t:1: error: the place [name] has a conversion of another kind, \"%d\" instead of "
               "\"\"\n");
     for (const char16_t* const unknown :
-         {u"%q", u"%*d", u"%n", u"%1$d", u"%C", u"%00000000000003d", u"%d mm", u"about %d"})
+         {u"%q", u"%*d", u"%n", u"%1$d", u"%C", u"%00000000000003d", u"%d mm", u"about %d", u"d%"})
         EXPECT_EQ(findingsAgainst(wanted, u"a [name] [count:" + string(unknown) + u"]\n"),
                   "t:1: error: the conversion of [count:" + orlo::narrow(unknown) +
                       "] is not known\n");
