@@ -213,6 +213,7 @@ export class view {
         [this.m_camera.bottom, this.m_camera.top] = [-1, 1];
         this.m_camera.updateProjectionMatrix();
         this.fit();
+        if (this.m_drawing !== undefined) this.redraw(); // its new size has wiped the canvas
     }
 
     private rebuild(): void {

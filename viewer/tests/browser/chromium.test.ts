@@ -13,6 +13,7 @@ import {
     cells,
     choose,
     clear,
+    drawn,
     drop,
     folder,
     foreign,
@@ -210,6 +211,46 @@ test("one click looks from above, with X to the right and Y away", async () => {
     near((at["4"]!.y - at["1"]!.y) / scale, 300, 2, "the other side in scale");
     assert.ok(at.X!.x > at.Y!.x && at.Y!.y < at.X!.y);
     looksAsKept("above", await (await page.$("#figure"))!.screenshot());
+});
+
+test("a click draws one picture, whatever it changes", async () => {
+    const { page: counted } = await openMore({
+        before: () => {
+            const context = WebGL2RenderingContext.prototype;
+            const clear = context.clear;
+            context.clear = function (mask: number) {
+                document.title = String(1 + (Number(document.title) || 0));
+                clear.call(this, mask);
+            };
+        },
+    });
+    await choose(counted, 0, files.P400!, files["P400-result"]!);
+    for (const button of ["#above", "#right", "#zoomIn"]) {
+        await counted.evaluate(() => (document.title = "0"));
+        await counted.click(button);
+        await drawn(counted);
+        assert.equal(await counted.title(), "1", button);
+    }
+});
+
+test("a window that changes its size never shows an empty view", async () => {
+    const { page: sized } = await openMore();
+    await choose(sized, 0, files.P400!, files["P400-result"]!);
+    // Asked behind the page's own observer, and before the browser shows the frame.
+    await sized.evaluate(() => {
+        const canvas = document.querySelector<HTMLCanvasElement>("#canvas")!;
+        const copy = document.createElement("canvas").getContext("2d")!;
+        document.title = "";
+        new ResizeObserver(() => {
+            copy.clearRect(0, 0, 1, 1);
+            copy.drawImage(canvas, 0, 0);
+            document.title += copy.getImageData(0, 0, 1, 1).data[3] === 255 ? "drawn" : "empty";
+        }).observe(canvas);
+    });
+    await drawn(sized);
+    await sized.setViewport({ width: 900, height: 800 });
+    await drawn(sized);
+    assert.match(await sized.title(), /^(drawn){2,}$/);
 });
 
 test("the exaggeration goes from 1 to 1000, says so, and is what is drawn", async () => {

@@ -160,7 +160,7 @@ export async function settled(page: Page, paths: string[]): Promise<void> {
 
 // Until a frame has been drawn in the size that the contents have now; behind another page there
 // would be none.
-async function drawn(page: Page): Promise<void> {
+export async function drawn(page: Page): Promise<void> {
     await page.bringToFront();
     await page.evaluate(
         () => new Promise((done) => requestAnimationFrame(() => requestAnimationFrame(done))),
