@@ -191,11 +191,11 @@ TEST(stringTemplate, copiesWithoutTheSeverityWhereNoMemoryIsLeftForIt)
 
 // --- Collecting a conversion -----------------------------------------------------------------
 
-conversionSpec specOf(std::u16string_view units)
+conversionSpec formatOf(std::u16string_view units)
 {
-    conversionSpec spec;
-    for (const char16_t unit : units) spec.addChar(unit);
-    return spec;
+    conversionSpec format;
+    for (const char16_t unit : units) format.addChar(unit);
+    return format;
 }
 
 TEST(conversionSpec, isClassedByItsLetter)
@@ -216,9 +216,9 @@ TEST(conversionSpec, isClassedByItsLetter)
     };
     for (const auto& row : rows) {
         for (const char16_t* letter = row.letters; *letter != 0; ++letter) {
-            const conversionSpec spec = specOf(string(u"%") + string(*letter));
-            EXPECT_EQ(spec.type(), row.type) << orlo::narrow(string(*letter));
-            EXPECT_EQ(spec.isComplete(), row.type != valueClass::none)
+            const conversionSpec format = formatOf(string(u"%") + string(*letter));
+            EXPECT_EQ(format.type(), row.type) << orlo::narrow(string(*letter));
+            EXPECT_EQ(format.isComplete(), row.type != valueClass::none)
                 << orlo::narrow(string(*letter));
         }
     }
@@ -236,26 +236,26 @@ TEST(conversionSpec, recordsTheSizeByTheUnitBefore)
         {u"%lld", 2}, {u"%l5d", 1}, {u"%l5", 2}, {u"h", 1},
     };
     for (const auto& row : rows)
-        EXPECT_EQ(specOf(row.units).size(), row.size) << orlo::narrow(row.units);
+        EXPECT_EQ(formatOf(row.units).size(), row.size) << orlo::narrow(row.units);
 }
 
 TEST(conversionSpec, refusesUnitsBeyond15)
 {
-    conversionSpec spec = specOf(u"%00000000000005");
-    EXPECT_EQ(string(spec.conversion()), u"%00000000000005");
-    spec.addChar(u'd');
-    EXPECT_FALSE(spec.isComplete());
-    EXPECT_EQ(string(spec.conversion()), u"%00000000000005");
+    conversionSpec format = formatOf(u"%00000000000005");
+    EXPECT_EQ(string(format.conversion()), u"%00000000000005");
+    format.addChar(u'd');
+    EXPECT_FALSE(format.isComplete());
+    EXPECT_EQ(string(format.conversion()), u"%00000000000005");
 
-    spec = specOf(u"%0000000000005d");
-    EXPECT_TRUE(spec.isComplete());
-    EXPECT_EQ(string(spec.conversion()).size(), conversionSpec::maxLength);
+    format = formatOf(u"%0000000000005d");
+    EXPECT_TRUE(format.isComplete());
+    EXPECT_EQ(string(format.conversion()).size(), conversionSpec::maxLength);
 }
 
 TEST(conversionSpec, keepsItsClassWhenOtherUnitsFollow)
 {
-    EXPECT_EQ(specOf(u"%d5").type(), conversionSpec::valueClass::integer);
-    EXPECT_EQ(specOf(u"%ds").type(), conversionSpec::valueClass::text);
+    EXPECT_EQ(formatOf(u"%d5").type(), conversionSpec::valueClass::integer);
+    EXPECT_EQ(formatOf(u"%ds").type(), conversionSpec::valueClass::text);
 }
 
 // --- Places by name --------------------------------------------------------------------------
